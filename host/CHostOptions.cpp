@@ -1,0 +1,85 @@
+#include "CHostOptions.h"
+
+#include <cstdlib>
+
+const char* CHostOptions::usage() {
+  return "usage:\n"
+         "  qen-host run ENTRY [--store FILE] [--drawing FILE] [--country CODE] [--script FILE] [--out FILE]\n"
+         "                     [--drawing-out FILE] [--record NAME=VALUE]... [--projections N]\n"
+         "                     [--editing] [--sheared] [--trace] [--gui]\n"
+         "  qen-host list\n"
+         "  qen-host init --store FILE\n"
+         "  qen-host store FILE get KEY | set KEY JSON | remove KEY | check\n";
+}
+
+bool CHostOptions::parse(int argc, char** argv, std::string& error) {
+  if (argc < 2) {
+    error = "no command given";
+    return false;
+  }
+  command = argv[1];
+  int i = 2;
+  if (command == "store") {
+    for (; i < argc; ++i) rest.emplace_back(argv[i]);
+    return true;
+  }
+  if (command == "run") {
+    if (i >= argc || argv[i][0] == '-') {
+      error = "run needs an entry (an entry function such as qenDlgHzKl, or an object type such as KLOTZ)";
+      return false;
+    }
+    entry = argv[i++];
+  } else if (command != "list" && command != "init") {
+    error = "unknown command \"" + command + "\"";
+    return false;
+  }
+  for (; i < argc; ++i) {
+    std::string a = argv[i];
+    auto value = [&](std::string& out) {
+      if (i + 1 >= argc) {
+        error = a + " needs a value";
+        return false;
+      }
+      out = argv[++i];
+      return true;
+    };
+    if (a == "--store") { if (!value(store)) return false; }
+    else if (a == "--drawing") { if (!value(drawing)) return false; }
+    else if (a == "--country") { if (!value(country)) return false; }
+    else if (a == "--script") { if (!value(script)) return false; }
+    else if (a == "--out") { if (!value(out)) return false; }
+    else if (a == "--drawing-out") { if (!value(drawingOut)) return false; }
+    else if (a == "--record") {
+      std::string r;
+      if (!value(r)) return false;
+      auto eq = r.find('=');
+      if (eq == std::string::npos || eq == 0) {
+        error = "--record takes NAME=VALUE, not \"" + r + "\"";
+        return false;
+      }
+      records.emplace_back(r.substr(0, eq), r.substr(eq + 1));
+    } else if (a == "--projections") {
+      std::string n;
+      if (!value(n)) return false;
+      char* end = nullptr;
+      long v = std::strtol(n.c_str(), &end, 10);
+      if (n.empty() || *end || v < 0 || v > 1000) {
+        error = "--projections takes a whole number, not \"" + n + "\"";
+        return false;
+      }
+      projections = static_cast<int>(v);
+    } else if (a == "--editing") editing = true;
+    else if (a == "--sheared") sheared = true;
+    else if (a == "--trace") trace = true;
+    else if (a == "--gui") gui = true;
+    else {
+      error = "unknown option \"" + a + "\"";
+      return false;
+    }
+  }
+  if (command == "init" && store.empty()) {
+    error = "init needs --store FILE";
+    return false;
+  }
+  return true;
+}

@@ -1,0 +1,28 @@
+// The command line of qen-host, parsed.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+struct CHostOptions {
+  std::string command;  // run, list, init, store
+  std::string entry;
+  std::string store;
+  std::string drawing;
+  std::string country;
+  std::string script;
+  std::string out;
+  std::string drawingOut;
+  std::vector<std::pair<std::string, std::string>> records;
+  int projections = 0;
+  bool editing = false;
+  bool sheared = false;
+  bool trace = false;
+  bool gui = false;
+  std::vector<std::string> rest;  // store FILE VERB ARGS
+
+  // False with `error` set when the arguments are not understood.
+  bool parse(int argc, char** argv, std::string& error);
+  static const char* usage();
+};

@@ -1,0 +1,22 @@
+// The entry functions qen-host can call, by exported name and by object type.
+#pragma once
+
+#include "qen_mfc.h"
+
+#include <string>
+#include <vector>
+
+struct HostCall {
+  qenDlgEnv_st& record;
+  CZelDataItem* object;  // the labeling entry's object data (from --record object=HANDLE)
+};
+
+struct HostEntry {
+  const char* function;
+  const char* objectType;
+  const char* serves;
+  int (*call)(HostCall&);  // none: the module has no such entry function yet
+};
+
+const std::vector<HostEntry>& hostEntries();
+const HostEntry* findHostEntry(const std::string& nameOrType);

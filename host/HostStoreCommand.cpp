@@ -1,0 +1,105 @@
+// qen-host store FILE get|set|remove|check: direct work on a store file.
+#include "HostCommands.h"
+
+#include "data/CStoreFile.h"
+#include "data/CZelDataDir.h"
+#include "data/CZelDataItem.h"
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+int fail(const std::string& message, int status = 2) {
+  std::cerr << "qen-host: " << message << "\n";
+  return status;
+}
+
+struct Counts {
+  long values = 0;
+  long dirs = 0;
+};
+
+void count(const CZelDataItem& item, Counts& c) {
+  if (!item.isDir()) { ++c.values; return; }
+  ++c.dirs;
+  for (int i = 0; i < item.getDir()->count(); ++i) count(*item.getDir()->itemAt(i), c);
+}
+
+// The item at a path, or the parent and last part for a pair selection.
+const CZelDataItem* findItem(const CZelDataItem& root, const CZelDataKey& key) {
+  for (const CZelDataKey* k = &key; k && !k->isEmpty(); k = k->next())
+    if (k->type() == 5003) return nullptr;
+  return root.find(&key);
+}
+
+}  // namespace
+
+int hostStore(const std::vector<std::string>& args) {
+  if (args.size() < 2) return fail(std::string("store needs a file and a verb\n") + CHostOptions::usage());
+  const std::string& path = args[0];
+  const std::string& verb = args[1];
+  auto needs = [&](std::size_t n) { return args.size() == n; };
+
+  if (verb == "check") {
+    if (!needs(2)) return fail("store FILE check takes no further arguments");
+    std::string bytes;
+    if (!CStoreFile::readFile(path, bytes)) return fail(ZEL::lastFileError());
+    std::unique_ptr<CZelDataItem> item(CStoreFile::parse(bytes, path));
+    if (!item) return fail(ZEL::lastFileError(), 1);
+    Counts c;
+    count(*item, c);
+    std::cout << path << ": sound, " << c.values << " values in " << c.dirs << " directories";
+    if (CStoreFile::toText(*item) == bytes) std::cout << "; saving writes it back unchanged\n";
+    else std::cout << "; saving writes the same values in the store's own layout\n";
+    return 0;
+  }
+
+  std::unique_ptr<CZelDataItem> root(CStoreFile::load(path));
+  if (!root) return fail(ZEL::lastFileError());
+  if (verb == "get") {
+    if (!needs(3)) return fail("store FILE get takes one KEY");
+    CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
+    if (const CZelDataItem* item = findItem(*root, key)) {
+      std::cout << CStoreFile::toText(*item);
+      return 0;
+    }
+    if (const resbuf* v = root->valueAt(&key)) {
+      std::cout << CStoreFile::valueToText(v) << "\n";
+      return 0;
+    }
+    return fail(args[2] + ": nothing stored there", 1);
+  }
+  if (verb == "set") {
+    if (!needs(4)) return fail("store FILE set takes KEY and a JSON value");
+    CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
+    if (key.isEmpty()) return fail("store FILE set needs a non-empty KEY");
+    std::unique_ptr<CZelDataItem> value(CStoreFile::parse(args[3], "the value"));
+    if (!value) return fail(ZEL::lastFileError());
+    bool ok;
+    if (value->isDir()) {
+      const CZelDataKey* last = &key;
+      CZelDataKey parentKey;
+      for (const CZelDataKey* k = &key; k && !k->isEmpty(); k = k->next()) {
+        if (k->next() && !k->next()->isEmpty()) parentKey.append(k->type(), k->text().c_str());
+        last = k;
+      }
+      if (!last->isStringPart()) return fail("a directory cannot be set into a pair");
+      CZelDataItem* parent = root->make(parentKey.isEmpty() ? nullptr : &parentKey);
+      ok = parent && parent->mkDir()->insert(last->text(), value.release(), false);
+    } else {
+      ok = root->put(&key, ZEL::rbCopyAll(value->value()));
+    }
+    if (!ok) return fail(args[2] + ": cannot be set (a pair holds one value)");
+    if (!CStoreFile::save(path, *root)) return fail(ZEL::lastFileError());
+    return 0;
+  }
+  if (verb == "remove") {
+    if (!needs(3)) return fail("store FILE remove takes one KEY");
+    CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
+    if (!root->remove(&key)) return fail(args[2] + ": nothing stored there", 1);
+    if (!CStoreFile::save(path, *root)) return fail(ZEL::lastFileError());
+    return 0;
+  }
+  return fail("unknown store verb \"" + verb + "\" (get, set, remove, check)");
+}

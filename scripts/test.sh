@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Builds and runs every test: once plainly, once under address and undefined-behaviour
+# sanitizers. Installs what is missing first.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+./scripts/setup.sh
+jobs=$(nproc)
+./scripts/build.sh build/test -DCMAKE_BUILD_TYPE=Debug -DQEN_BUILD_BENCH=ON
+ctest --test-dir build/test --output-on-failure -j "$jobs"
+./scripts/build.sh build/asan -DCMAKE_BUILD_TYPE=Debug -DQEN_SANITIZE=ON
+ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+  ctest --test-dir build/asan --output-on-failure -j "$jobs"
+echo "all tests passed (plain and sanitized)"
