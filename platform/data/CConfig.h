@@ -35,6 +35,7 @@ CConfig* cfgMgrPtr();
 
 CZelDataItem* cfg_get(const CZelDataKey& key);
 CZelDataItem* cfg_get(const wchar_t* path);
+inline CZelDataItem* cfg_get(const CZelString& path) { return cfg_get(path.c_str()); }
 // Stores an item at the key, replacing what was there, creating missing levels. With
 // `adopt` true the item becomes the store's; with false the store keeps a copy.
 bool cfg_set(const CZelDataKey& key, CZelDataItem* item, bool adopt);
@@ -43,6 +44,7 @@ bool cfg_set(const CZelDataKey& key, const CSharedPointer<CZelDataItem>& item);
 CZelDataItem* cfg_dir_make(const CZelDataKey& key);
 bool cfg_remove(const CZelDataKey& key);
 bool cfg_remove(const wchar_t* path);
+inline bool cfg_remove(const CZelString& path) { return cfg_remove(path.c_str()); }
 // A stored default length (kept in millimetres) converted into the given unit.
 bool cfg_default(const CZelDataKey& key, double& value, Zel::lUnit unit);
 

@@ -49,6 +49,20 @@ struct TrackedIter {
   friend bool operator!=(const TrackedIter& a, const TrackedIter& b) { return a.p != b.p; }
 };
 
+// The parser stops just past the token it could not use; point at that token's start.
+// Values found wrong while building were read with one character of lookahead past them.
+std::size_t tokenStart(std::string_view text, std::size_t end, bool lookahead = false) {
+  auto space = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+  auto structural = [](char c) { return c == '{' || c == '}' || c == '[' || c == ']' || c == ',' || c == ':'; };
+  if (end > text.size()) end = text.size();
+  std::size_t i = end;
+  if (lookahead && i > 0 && structural(text[i - 1]) && i >= 2 && !structural(text[i - 2]) && !space(text[i - 2])) --i;
+  while (i > 0 && space(text[i - 1])) --i;
+  if (i > 0 && structural(text[i - 1])) return i - 1;
+  while (i > 0 && !space(text[i - 1]) && !structural(text[i - 1])) --i;
+  return i;
+}
+
 std::string place(std::string_view text, std::size_t offset) {
   if (offset > text.size()) offset = text.size();
   std::size_t line = 1;
@@ -240,7 +254,7 @@ public:
   bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception& ex) override {
     syntaxError = true;
     error = cleanMessage(ex.what());
-    m_syntaxOffset = position == 0 ? 0 : position - 1;
+    m_syntaxOffset = position;
     return false;
   }
 
@@ -436,6 +450,7 @@ void writeElement(std::string& out, const resbuf* e) {
         out += "]}";
         return;
       }
+      if (code && code->restype == RTLE) { out += "null"; return; }  // () is nil
       out += "[";
       writeElements(out, e->rbnext, ZEL::rbSkipElement(e));
       out += "]";
@@ -496,8 +511,9 @@ CZelDataItem* CStoreFile::parse(std::string_view text, const std::string& source
     ZEL::setLastFileError({});
     return builder.root.release();
   }
-  std::size_t offset = builder.syntaxError ? builder.syntaxOffset()
-                       : builder.errorAt ? static_cast<std::size_t>(builder.errorAt - text.data()) : text.size();
+  std::size_t offset = builder.syntaxError ? tokenStart(text, builder.syntaxOffset())
+                       : builder.errorAt ? tokenStart(text, static_cast<std::size_t>(builder.errorAt - text.data()), true)
+                                         : text.size();
   std::string message = builder.error.empty() ? "the file holds no value" : builder.error;
   ZEL::setLastFileError(source + ":" + place(text, offset) + ": " + message);
   return nullptr;

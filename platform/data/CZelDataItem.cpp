@@ -144,10 +144,10 @@ bool CZelDataItem::remove(const CZelDataKey* key) {
 
 namespace {
 
-// A single scalar atom: the chain is exactly one atom (or one atom inside a list of one).
+// A single atom: a chain of one, or the value of a dotted pair (followed by the pair's 5017).
 const resbuf* scalar(const resbuf* v) {
-  if (!v) return nullptr;
-  if (v->rbnext == nullptr && v->restype != RTLB) return v;
+  if (!v || v->restype == RTLB) return nullptr;
+  if (v->rbnext == nullptr || v->rbnext->restype == RTLE) return v;
   return nullptr;
 }
 
