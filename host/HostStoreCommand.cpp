@@ -65,7 +65,9 @@ int hostStore(const std::vector<std::string>& args) {
       return 0;
     }
     if (const resbuf* v = root->valueAt(&key)) {
-      std::cout << CStoreFile::valueToText(v) << "\n";
+      // A pair's value stands inside the pair's list: print that one element.
+      ZEL::CSmartResbuf one(v->restype == RTLB ? ZEL::rbCopyAll(v) : ZEL::rbCopy(v));
+      std::cout << CStoreFile::valueToText(one.get()) << "\n";
       return 0;
     }
     return fail(args[2] + ": nothing stored there", 1);
