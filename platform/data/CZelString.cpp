@@ -5,6 +5,24 @@
 #include <cwctype>
 #include <vector>
 
+namespace {
+
+// Case mapping that does not depend on the process locale: ASCII and Latin-1 (the umlauts
+// of German names) directly, the rest through the C library.
+wchar_t toUpper(wchar_t c) {
+  if (c < 0x80) return (c >= L'a' && c <= L'z') ? static_cast<wchar_t>(c - 32) : c;
+  if ((c >= 0xE0 && c <= 0xFE && c != 0xF7)) return static_cast<wchar_t>(c - 0x20);
+  return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+}
+
+wchar_t toLower(wchar_t c) {
+  if (c < 0x80) return (c >= L'A' && c <= L'Z') ? static_cast<wchar_t>(c + 32) : c;
+  if ((c >= 0xC0 && c <= 0xDE && c != 0xD7)) return static_cast<wchar_t>(c + 0x20);
+  return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
+}
+
+}  // namespace
+
 CZelString CZelString::fromUtf8(std::string_view utf8) {
   std::wstring out;
   out.reserve(utf8.size());
@@ -55,7 +73,7 @@ std::string CZelString::toUtf8() const {
 bool CZelString::match(const CZelString& other) const {
   if (m_text.size() != other.m_text.size()) return false;
   for (std::size_t i = 0; i < m_text.size(); ++i)
-    if (std::towupper(static_cast<wint_t>(m_text[i])) != std::towupper(static_cast<wint_t>(other.m_text[i])))
+    if (toUpper(m_text[i]) != toUpper(other.m_text[i]))
       return false;
   return true;
 }
@@ -71,12 +89,12 @@ CZelString& CZelString::trim() {
 }
 
 CZelString& CZelString::makeUpper() {
-  for (auto& c : m_text) c = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+  for (auto& c : m_text) c = toUpper(c);
   return *this;
 }
 
 CZelString& CZelString::makeLower() {
-  for (auto& c : m_text) c = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
+  for (auto& c : m_text) c = toLower(c);
   return *this;
 }
 

@@ -6,6 +6,7 @@
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/ZelCommandLine.h"
+#include "module/CQenDialApp.h"
 #include "module/CQenDialogFactory.h"
 #include "module/CQenEntryDialog.h"
 #include "obj/ZelObjKey.h"
@@ -387,6 +388,12 @@ TEST_F(EntryFrameTest, LabelingStoresOnlyTheObjectsTextListInTheProperties) {
   EXPECT_EQ(ZEL::cfg_get(L"*QEN_OBJ_PROP*\\DIRECT"), nullptr);
   EXPECT_NE(ZEL::cfg_get(L"*QEN_OBJ_TXT*\\GEN"), nullptr);
   delete object;
+}
+
+TEST(CQenDialApp, TheModuleObjectIsInitialisedWhenTheLibraryLoads) {
+  EXPECT_TRUE(qenTheApp().isInitialised());
+  EXPECT_TRUE(AfxOleIsInitialized());
+  EXPECT_EQ(AfxGetStaticModuleState()->moduleName, CZelString(L"Qen_Mfc"));
 }
 
 TEST_F(EntryFrameTest, AnEntryWithoutItsDialogSaysSoAndChangesNothing) {

@@ -1,6 +1,7 @@
 // Store files: every value type reads and writes back exactly, bad files are refused with
 // their line and column, saving is atomic.
 #include "data/CStoreFile.h"
+#include "data/CZelDataDir.h"
 #include "data/CZelDataItem.h"
 
 #include <gtest/gtest.h>
@@ -133,5 +134,35 @@ TEST(CStoreFile, SaveReplacesTheFileAtomicallyAndLeavesNoTemporary) {
   EXPECT_NE(ZEL::lastFileError().find("no-such-dir"), std::string::npos);
   EXPECT_EQ(CStoreFile::load((dir / "missing.json").string()), nullptr);
   EXPECT_NE(ZEL::lastFileError().find("missing.json"), std::string::npos);
+  std::filesystem::remove_all(dir);
+}
+
+TEST(CStoreFile, DirectoriesSaveAndLoadWholeOrASubItem) {
+  auto dir = tempDir();
+  auto item = parse(R"({"*HZ_KLOTZ*": {"B": 30.0, "SUB": {"X": "y"}}, "*AXIS*": {}})");
+  ASSERT_TRUE(item);
+  CZelDataDir* d = item->getDir();
+  auto whole = (dir / "whole.json").string();
+  auto part = (dir / "part.json").string();
+  ASSERT_TRUE(d->saveToFile(CZelString::fromUtf8(whole)));
+  CZelDataKey sub;
+  sub.set(5005, L"*HZ_KLOTZ*", 5005, L"SUB", 0);
+  ASSERT_TRUE(d->saveToFile(CZelString::fromUtf8(part), &sub));
+  CZelDataKey missing(L"*NOPE*");
+  EXPECT_FALSE(d->saveToFile(CZelString::fromUtf8(part), &missing));
+
+  CZelDataItem target;
+  ASSERT_TRUE(target.mkDir()->loadFromFile(CZelString::fromUtf8(whole)));
+  EXPECT_TRUE(target == *item);
+  CZelDataKey into;
+  into.set(5005, L"*COPY*", 5005, L"HERE", 0);
+  ASSERT_TRUE(target.getDir()->loadFromFile(CZelString::fromUtf8(part), &into));
+  CZelString x;
+  CZelDataKey kx;
+  kx.set(5005, L"*COPY*", 5005, L"HERE", 5005, L"X", 0);
+  EXPECT_TRUE(target.get(x, &kx));
+  EXPECT_EQ(x, CZelString(L"y"));
+  EXPECT_FALSE(target.getDir()->loadFromFile(CZelString::fromUtf8((dir / "none.json").string())));
+  EXPECT_TRUE(target == target);
   std::filesystem::remove_all(dir);
 }

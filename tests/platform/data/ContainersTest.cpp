@@ -88,6 +88,8 @@ TEST(CZelString, Utf8RoundTripAndCaseInsensitiveMatch) {
   EXPECT_EQ(s.len(), 9);
   EXPECT_EQ(s.toUtf8(), "Dämmung €");
   EXPECT_TRUE(CZelString(L"solid").match(L"SOLID"));
+  EXPECT_TRUE(CZelString::fromUtf8("Dämmung").match(CZelString::fromUtf8("DÄMMUNG")));
+  EXPECT_EQ(CZelString::fromUtf8("Übergang").makeUpper().toUtf8(), "ÜBERGANG");
   EXPECT_FALSE(CZelString(L"solid").match(L"SOLI"));
   CZelString t(L"  x y \t");
   EXPECT_EQ(t.trim(), CZelString(L"x y"));
