@@ -3,6 +3,7 @@
 
 #include "data/CZelDataItem.h"
 #include "module/qenDlgEnv_st.h"
+#include "ui/wintypes.h"
 
 #define QEN_API __attribute__((visibility("default")))
 
@@ -18,3 +19,25 @@ QEN_API int qenDlgHzBl(qenDlgEnv_st& env);
 QEN_API int qenDlgMatObjLayer(qenDlgEnv_st& env);
 QEN_API int qenDlgMatObjHatch(qenDlgEnv_st env);
 QEN_API int qenDlgObjTxt(const qenDlgEnv_st& env, CZelDataItem* object);
+
+// The host command functions: bridges to the host's Lisp functions of the same purpose.
+QEN_API void fav_save(const CZelString& type);
+QEN_API void fav_restore(const CZelString& type);
+QEN_API bool obj_save(const CZelString& type);
+QEN_API int obj_restore(const CZelString& type, int flag, HWND window);
+QEN_API bool obj_lib1(HWND window);
+QEN_API CZelString obj_lib1_init(const wchar_t* arg);
+QEN_API bool ate_select(HWND window);
+QEN_API CZelDataItem* ate_select_init(const wchar_t* arg);
+QEN_API CZelDataItem* dwg_dict_import(const wchar_t* arg);
+QEN_API bool mat_edge();
+// Brings an object type's settings in line with the stored properties of its object key.
+QEN_API void objGen_objProp_Sync(const CZelString& type);
+
+// Six pointer-sized members the host deposits in the module and reads back; the module
+// does not interpret them.
+struct func_lst {
+  void* member[6];
+};
+QEN_API func_lst getDllFcnLst();
+QEN_API bool setDllFcnLst(const func_lst& list);

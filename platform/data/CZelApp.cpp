@@ -1,0 +1,53 @@
+#include "data/CZelApp.h"
+
+#include "data/CZelDrawing.h"
+
+namespace ZEL {
+
+int CZelApp::invoke(const CZelString& name, const resbuf* args, resbuf** result) {
+  if (result) *result = nullptr;
+  auto it = m_functions.find(name);
+  if (it == m_functions.end() || !it->second) return RTERROR;
+  resbuf* out = nullptr;
+  int code = it->second(args, &out);
+  if (code != RTNORM) {
+    zelRelRb(out);
+    return code;
+  }
+  if (result) *result = out;
+  else zelRelRb(out);
+  return RTNORM;
+}
+
+int CZelApp::invoke(const CZelString& name, const resbuf* args, CSmartResbuf& result) {
+  resbuf* out = nullptr;
+  int code = invoke(name, args, &out);
+  result.reset(out);
+  return code;
+}
+
+CZelApp::LispFunction CZelApp::registerFunction(const CZelString& name, LispFunction fn) {
+  LispFunction previous;
+  auto it = m_functions.find(name);
+  if (it != m_functions.end()) previous = std::move(it->second);
+  if (fn) m_functions[name] = std::move(fn);
+  else m_functions.erase(name);
+  return previous;
+}
+
+bool CZelApp::hasFunction(const CZelString& name) const { return m_functions.count(name) != 0; }
+
+bool CZelApp::editedObject(const CZelString& type, CAdsName& object, bool) const {
+  const CZelDrawing& d = CZelDrawing::current();
+  auto it = d.currentObject.find(type);
+  if (it == d.currentObject.end() || !d.objectData(it->second)) return false;
+  object = CAdsName(it->second);
+  return true;
+}
+
+CZelApp* zelAppPtr() {
+  static CZelApp app;
+  return &app;
+}
+
+}  // namespace ZEL

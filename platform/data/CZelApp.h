@@ -1,0 +1,38 @@
+// The host application object: calls a Lisp function of the host by name, answers which
+// object of a type is being edited, and names the add-on's data files. The host program
+// registers its functions; the module only calls them.
+#pragma once
+
+#include "data/CAdsName.h"
+#include "data/CZelString.h"
+#include "data/resbuf.h"
+
+#include <functional>
+#include <map>
+
+namespace ZEL {
+
+class CZelApp {
+public:
+  // A host function: the argument chain (possibly none) in, a result chain out (the
+  // caller releases it); the result code is RTNORM on success.
+  using LispFunction = std::function<int(const resbuf* args, resbuf** result)>;
+
+  // RTNORM and the result, or RTERROR when the host has no such function or it failed.
+  int invoke(const CZelString& name, const resbuf* args, resbuf** result);
+  int invoke(const CZelString& name, const resbuf* args, CSmartResbuf& result);
+
+  // Registers a host function; returns the one it replaces (none: there was none).
+  LispFunction registerFunction(const CZelString& name, LispFunction fn);
+  bool hasFunction(const CZelString& name) const;
+
+  // The object of a type that is being edited, when the host is editing one.
+  bool editedObject(const CZelString& type, CAdsName& object, bool flag = true) const;
+
+private:
+  std::map<CZelString, LispFunction> m_functions;
+};
+
+CZelApp* zelAppPtr();
+
+}  // namespace ZEL

@@ -1,0 +1,15 @@
+// Enabling and disabling a window by its handle, as the host commands do with the dialog
+// that waits for them.
+#pragma once
+
+#include "ui/wintypes.h"
+
+#include <functional>
+
+namespace ZEL {
+
+void windowEnable(HWND window, bool enable);
+// The window model installs how a handle is reached.
+void setWindowEnabler(std::function<void(HWND, bool)> enabler);
+
+}  // namespace ZEL
