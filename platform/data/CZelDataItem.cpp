@@ -151,87 +151,64 @@ const resbuf* scalar(const resbuf* v) {
   return nullptr;
 }
 
-template <class Fn>
-bool eachElement(const resbuf* v, Fn fn) {
-  if (!v || ZEL::rbIsNil(v)) return false;
-  for (const resbuf* e = ZEL::rbElements(v); e && e->restype != RTLE; e = ZEL::rbSkipElement(e))
-    if (!fn(e)) return false;
+// One atom read as a value of the module's types; whole numbers widen to reals losslessly,
+// so a length typed as 30 in a file still reads as 30.0.
+bool readAtom(const resbuf* v, bool& out) {
+  if (v->restype != RTT && v->restype != RTNIL) return false;
+  out = v->restype == RTT;
+  return true;
+}
+bool readAtom(const resbuf* v, int& out) {
+  if (v->restype == RTLONG) out = v->resval.rlong;
+  else if (v->restype == RTSHORT) out = v->resval.rint;
+  else return false;
+  return true;
+}
+bool readAtom(const resbuf* v, double& out) {
+  int whole = 0;
+  if (v->restype == RTREAL) out = v->resval.rreal;
+  else if (readAtom(v, whole)) out = whole;
+  else return false;
+  return true;
+}
+bool readAtom(const resbuf* v, CZelString& out) {
+  if (v->restype != RTSTR) return false;
+  out = CZelString(v->resval.rstring);
+  return true;
+}
+
+template <class T>
+bool readScalar(const resbuf* value, T& out) {
+  const resbuf* v = scalar(value);
+  T read{};
+  if (!v || !readAtom(v, read)) return false;
+  out = std::move(read);
+  return true;
+}
+
+// A list of atoms of one type; a single atom counts as a list of one.
+template <class T>
+bool readList(const resbuf* value, CZelArrayTempl<T>& out) {
+  if (!value || ZEL::rbIsNil(value)) return false;
+  CZelArrayTempl<T> result;
+  for (const resbuf* e = ZEL::rbElements(value); e && e->restype != RTLE; e = ZEL::rbSkipElement(e)) {
+    T read{};
+    if (!readAtom(e, read)) return false;
+    result.add(std::move(read));
+  }
+  out = std::move(result);
   return true;
 }
 
 }  // namespace
 
-bool CZelDataItem::get(bool& out, const CZelDataKey* key) const {
-  const resbuf* v = scalar(valueAt(key));
-  if (!v || (v->restype != RTT && v->restype != RTNIL)) return false;
-  out = v->restype == RTT;
-  return true;
-}
-
-bool CZelDataItem::get(int& out, const CZelDataKey* key) const {
-  const resbuf* v = scalar(valueAt(key));
-  if (!v) return false;
-  if (v->restype == RTLONG) { out = v->resval.rlong; return true; }
-  if (v->restype == RTSHORT) { out = v->resval.rint; return true; }
-  return false;
-}
-
-bool CZelDataItem::get(double& out, const CZelDataKey* key) const {
-  const resbuf* v = scalar(valueAt(key));
-  if (!v) return false;
-  // Whole numbers widen losslessly; a length typed as 30 in a file still reads as 30.0.
-  if (v->restype == RTREAL) { out = v->resval.rreal; return true; }
-  if (v->restype == RTLONG) { out = v->resval.rlong; return true; }
-  if (v->restype == RTSHORT) { out = v->resval.rint; return true; }
-  return false;
-}
-
-bool CZelDataItem::get(CZelString& out, const CZelDataKey* key) const {
-  const resbuf* v = scalar(valueAt(key));
-  if (!v || v->restype != RTSTR) return false;
-  out = CZelString(v->resval.rstring);
-  return true;
-}
-
-bool CZelDataItem::get(CZelArrayTempl<CZelString>& out, const CZelDataKey* key) const {
-  CZelArrayTempl<CZelString> result;
-  const resbuf* v = valueAt(key);
-  bool ok = eachElement(v, [&](const resbuf* e) {
-    if (e->restype != RTSTR) return false;
-    result.add(CZelString(e->resval.rstring));
-    return true;
-  });
-  if (!ok) return false;
-  out = std::move(result);
-  return true;
-}
-
-bool CZelDataItem::get(CZelArrayTempl<int>& out, const CZelDataKey* key) const {
-  CZelArrayTempl<int> result;
-  bool ok = eachElement(valueAt(key), [&](const resbuf* e) {
-    if (e->restype == RTLONG) result.add(e->resval.rlong);
-    else if (e->restype == RTSHORT) result.add(e->resval.rint);
-    else return false;
-    return true;
-  });
-  if (!ok) return false;
-  out = std::move(result);
-  return true;
-}
-
-bool CZelDataItem::get(CZelArrayTempl<double>& out, const CZelDataKey* key) const {
-  CZelArrayTempl<double> result;
-  bool ok = eachElement(valueAt(key), [&](const resbuf* e) {
-    if (e->restype == RTREAL) result.add(e->resval.rreal);
-    else if (e->restype == RTLONG) result.add(e->resval.rlong);
-    else if (e->restype == RTSHORT) result.add(e->resval.rint);
-    else return false;
-    return true;
-  });
-  if (!ok) return false;
-  out = std::move(result);
-  return true;
-}
+bool CZelDataItem::get(bool& out, const CZelDataKey* key) const { return readScalar(valueAt(key), out); }
+bool CZelDataItem::get(int& out, const CZelDataKey* key) const { return readScalar(valueAt(key), out); }
+bool CZelDataItem::get(double& out, const CZelDataKey* key) const { return readScalar(valueAt(key), out); }
+bool CZelDataItem::get(CZelString& out, const CZelDataKey* key) const { return readScalar(valueAt(key), out); }
+bool CZelDataItem::get(CZelArrayTempl<CZelString>& out, const CZelDataKey* key) const { return readList(valueAt(key), out); }
+bool CZelDataItem::get(CZelArrayTempl<int>& out, const CZelDataKey* key) const { return readList(valueAt(key), out); }
+bool CZelDataItem::get(CZelArrayTempl<double>& out, const CZelDataKey* key) const { return readList(valueAt(key), out); }
 
 bool CZelDataItem::get(CZelVertexArray& out, const CZelDataKey* key) const {
   const resbuf* v = scalar(valueAt(key));
