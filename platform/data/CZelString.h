@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstddef>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,9 @@ public:
 private:
   std::wstring m_text;
 };
+
+// Written as UTF-8, for logs and test messages.
+inline std::ostream& operator<<(std::ostream& os, const CZelString& s) { return os << s.toUtf8(); }
 
 template <>
 struct std::hash<CZelString> {
