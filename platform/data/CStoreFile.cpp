@@ -300,7 +300,11 @@ private:
       return nullptr;
     }
     auto* item = new CZelDataItem;
-    parent->dir->getDir()->insert(parent->pendingName, item, false);
+    if (!parent->dir->getDir()->insert(parent->pendingName, item, false)) {
+      delete item;
+      fail("\"" + parent->pendingKey + "\" cannot be stored");
+      return nullptr;
+    }
     return item;
   }
 
@@ -315,9 +319,12 @@ private:
       case Frame::List:
         f.chain = ZEL::rbAppend(f.chain, rb);
         return true;
-      case Frame::Dir:
-        f.dir->getDir()->insert(f.pendingName, new CZelDataItem(rb), false);
-        return true;
+      case Frame::Dir: {
+        auto* item = new CZelDataItem(rb);
+        if (f.dir->getDir()->insert(f.pendingName, item, false)) return true;
+        delete item;
+        return fail("\"" + f.pendingKey + "\" cannot be stored");
+      }
       default:
         zelRelRb(rb);
         return fail("unexpected value");

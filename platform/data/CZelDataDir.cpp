@@ -44,7 +44,7 @@ CZelDataItem* CZelDataDir::makeDir(const CZelDataKey& key) {
 }
 
 bool CZelDataDir::insert(const CZelString& name, CZelDataItem* newItem, bool copy) {
-  if (!newItem || name.isEmpty()) return false;
+  if (!newItem) return false;  // an empty name is a name too: catalogues keep a node's own values under it
   std::unique_ptr<CZelDataItem> owned(copy ? newItem->clone() : newItem);
   std::size_t i = indexOf(name.str());
   if (i != std::wstring::npos) {
