@@ -1,0 +1,21 @@
+// The object types of the add-on: their settings section and their labels.
+#pragma once
+
+#include "data/CZelString.h"
+
+namespace ZEL {
+
+struct ObjTypeInfo {
+  const wchar_t* type;
+  const wchar_t* section;
+  const wchar_t* labelDe;
+  const wchar_t* labelEn;
+};
+
+// None for a type the add-on does not know.
+const ObjTypeInfo* objTypeInfo(const CZelString& type);
+// The display label of a type in a country's language (none or "-1": the user's country);
+// the type itself when it is unknown.
+CZelString objTypeLabel(const CZelString& type, const wchar_t* country);
+
+}  // namespace ZEL
