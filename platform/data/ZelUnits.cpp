@@ -1,5 +1,7 @@
 #include "data/ZelUnits.h"
 
+#include <cmath>
+
 namespace Zel {
 
 double unitToMm(lUnit unit) {
@@ -27,6 +29,12 @@ bool isImperial(lUnit unit) {
          unit == lUnit::Mils || unit == lUnit::Yards;
 }
 
+bool unitFromCode(long long code, lUnit& unit) {
+  if (code < 0 || code > static_cast<long long>(lUnit::Decimeters)) return false;
+  unit = static_cast<lUnit>(code);
+  return true;
+}
+
 }  // namespace Zel
 
 namespace ZEL {
@@ -36,6 +44,40 @@ double acadUnitCv(double value, Zel::lUnit from, Zel::lUnit to) {
   double t = Zel::unitToMm(to);
   if (f == 0.0 || t == 0.0 || from == to) return value;
   return value * f / t;
+}
+
+}  // namespace ZEL
+
+namespace ZEL {
+
+const wchar_t* acad_unit_sh(Zel::lUnit unit) {
+  switch (unit) {
+    case Zel::lUnit::Inches: return L"in";
+    case Zel::lUnit::Feet: return L"ft";
+    case Zel::lUnit::Miles: return L"mi";
+    case Zel::lUnit::Millimeters: return L"mm";
+    case Zel::lUnit::Centimeters: return L"cm";
+    case Zel::lUnit::Meters: return L"m";
+    case Zel::lUnit::Kilometers: return L"km";
+    case Zel::lUnit::Microinches: return L"\u00B5in";
+    case Zel::lUnit::Mils: return L"mil";
+    case Zel::lUnit::Yards: return L"yd";
+    case Zel::lUnit::Angstroms: return L"\u00C5";
+    case Zel::lUnit::Nanometers: return L"nm";
+    case Zel::lUnit::Microns: return L"\u00B5m";
+    case Zel::lUnit::Decimeters: return L"dm";
+    default: return L"";
+  }
+}
+
+int autoPrec(int decimals, Zel::lUnit unit, Zel::lFormat format) {
+  if (format != Zel::lFormat::Architectural && format != Zel::lFormat::Fractional) return decimals;
+  const double perUnit = Zel::unitToMm(unit);
+  const double unitInInches = perUnit > 0.0 ? perUnit / 25.4 : 1.0;
+  const double resolution = std::pow(10.0, -decimals) * unitInInches;  // in inches
+  // A hair of tolerance, so that an exact power of two (1/8 inch) does not ask for one more bit.
+  const double bits = std::ceil(std::log2(1.0 / resolution) - 1e-9);
+  return bits < 0.0 ? 0 : static_cast<int>(bits);
 }
 
 }  // namespace ZEL
