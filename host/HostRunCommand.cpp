@@ -1,11 +1,13 @@
 // qen-host run, list and init: the host side of a dialog call.
 #include "HostCommands.h"
 #include "HostEntries.h"
+#include "HostLispFunctions.h"
 
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelCommandLine.h"
+#include "data/ZelDataFiles.h"
 #include "data/ZelFactorySettings.h"
 
 #include <cstdlib>
@@ -105,6 +107,12 @@ int hostRun(const CHostOptions& options) {
   if (options.store.empty() && !hostEnsureStore(storePath, error)) return fail(error);
   ZEL::CConfig* cfg = ZEL::cfgMgrPtr();
   if (!cfg->loadFromFile(storePath)) return fail(ZEL::lastFileError());
+
+  // The add-on's data files (article table, label lists) live beside the store.
+  ZEL::setDataFolder(std::filesystem::path(storePath).has_parent_path()
+                         ? std::filesystem::path(storePath).parent_path().string()
+                         : std::string("."));
+  hostRegisterLispFunctions();
 
   CZelDrawing& drawing = CZelDrawing::current();
   drawing.reset();
