@@ -303,35 +303,6 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  if (message == WM_COMMAND) return OnCommand(wParam, lParam);
-  if (message == WM_NOTIFY) return OnNotify(wParam, lParam, result);
-  for (const CMessageMap* map = GetMessageMap(); map; map = map->base()) {
-    const CMessageMapEntry* entry = map->find(message, wParam, lParam);
-    if (!entry) continue;
-    if (entry->thunk) {
-      *result = entry->thunk(this, *entry, message, wParam, lParam);
-      return TRUE;
-    }
-    for (const CMessageMap* m = map; m; m = m->base())
-      if (m->wordHandler()) {
-        m->wordHandler()(this, entry->word);
-        return TRUE;
-      }
-    return TRUE;
-  }
-  CPoint point(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
-  switch (message) {
-    case WM_LBUTTONDOWN: OnLButtonDown(static_cast<UINT>(wParam), point); return TRUE;
-    case WM_LBUTTONUP: OnLButtonUp(static_cast<UINT>(wParam), point); return TRUE;
-    case WM_LBUTTONDBLCLK: OnLButtonDblClk(static_cast<UINT>(wParam), point); return TRUE;
-    case WM_MOUSEMOVE: OnMouseMove(static_cast<UINT>(wParam), point); return TRUE;
-    case WM_KEYDOWN: OnKeyDown(static_cast<UINT>(wParam), 1, 0); return TRUE;
-    case WM_CONTEXTMENU: OnContextMenu(reinterpret_cast<CWnd*>(wParam), point); return TRUE;
-    default: return FALSE;
-  }
-}
-
 namespace {
 
 // The row of a map chain for a command or notification, and the class handler to call.
@@ -355,6 +326,23 @@ bool dispatchMap(CWnd* self, const CMessageMap* first, UINT message, WPARAM wPar
 }
 
 }  // namespace
+
+BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  if (message == WM_COMMAND) return OnCommand(wParam, lParam);
+  if (message == WM_NOTIFY) return OnNotify(wParam, lParam, result);
+  if (dispatchMap(this, GetMessageMap(), message, wParam, lParam, result)) return TRUE;
+  CPoint point(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+  switch (message) {
+    case WM_LBUTTONDOWN: OnLButtonDown(static_cast<UINT>(wParam), point); return TRUE;
+    case WM_LBUTTONUP: OnLButtonUp(static_cast<UINT>(wParam), point); return TRUE;
+    case WM_LBUTTONDBLCLK: OnLButtonDblClk(static_cast<UINT>(wParam), point); return TRUE;
+    case WM_MOUSEMOVE: OnMouseMove(static_cast<UINT>(wParam), point); return TRUE;
+    case WM_KEYDOWN: OnKeyDown(static_cast<UINT>(wParam), 1, 0); return TRUE;
+    case WM_CONTEXTMENU: OnContextMenu(reinterpret_cast<CWnd*>(wParam), point); return TRUE;
+    default: return FALSE;
+  }
+}
+
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
   auto* child = reinterpret_cast<CWnd*>(lParam);
