@@ -9,6 +9,8 @@
 #include "data/ZelCommandLine.h"
 #include "data/ZelDataFiles.h"
 #include "data/ZelFactorySettings.h"
+#include "backend/CDialogScript.h"
+#include "backend/CScriptBackend.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -99,8 +101,16 @@ int hostRun(const CHostOptions& options) {
   const HostEntry* entry = findHostEntry(options.entry);
   if (!entry) return fail("unknown entry \"" + options.entry + "\"; qen-host list shows them");
   if (!entry->call) return fail(std::string(entry->function) + " (" + entry->objectType + "): this dialog does not exist yet");
-  if (!options.script.empty()) return fail("--script: dialog scripts are not available in this build yet");
   if (options.gui) return fail("--gui: windows are not available in this build yet");
+
+  // Without a script and without windows nobody can answer the dialog: it runs with an empty
+  // script, which cancels it as soon as it has opened, so the run still shows what opening
+  // the dialog does to the store.
+  CDialogScript script;
+  std::string scriptError;
+  if (!options.script.empty() && !CDialogScript::load(options.script, script, scriptError)) return fail(scriptError);
+  if (options.script.empty())
+    std::cerr << "qen-host: no --script and no window: the dialog is cancelled as soon as it opens\n";
 
   std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
   std::string error;
@@ -132,12 +142,20 @@ int hostRun(const CHostOptions& options) {
 
   ZEL::cmdSetSink([](const CZelString& line) { std::cerr << line.toUtf8() << "\n"; });
   HostCall call{record, object};
-  int code = entry->call(call);
+  CScriptBackend backend(std::move(script), std::cout, std::cerr, options.trace);
+  int code = 0;
+  {
+    CDialogBackendScope scope(backend);
+    code = entry->call(call);
+  }
   if (code == -1) return fail(std::string(entry->function) + ": the dialog could not be shown; nothing was saved");
+  // What is left of the script checks the final state; a failing script still ends the run
+  // as usual (end code printed, store saved), only its exit status is 1.
+  int scriptStatus = backend.finish();
   std::cout << "end code: " << code << "\n";
 
   const std::string& outPath = options.out.empty() ? storePath : options.out;
   if (!cfg->saveToFile(outPath)) return fail(ZEL::lastFileError());
   if (!options.drawingOut.empty() && !drawing.save(options.drawingOut)) return fail(ZEL::lastFileError());
-  return 0;
+  return scriptStatus;
 }

@@ -1,0 +1,23 @@
+# Writes the dialog templates FILES (a ;-list of .rc files) into OUT as C++ that registers
+# them with CDialogTemplates at load time (run with cmake -P). A line #include "x.h" of a
+# script is replaced by that header, so the IDs it defines travel with the template.
+string(REPLACE "|" ";" FILES "${FILES}")
+set(body "")
+set(index 0)
+foreach(rc ${FILES})
+  get_filename_component(dir "${rc}" DIRECTORY)
+  get_filename_component(name "${rc}" NAME)
+  file(READ "${rc}" text)
+  string(REGEX MATCHALL "#include[ \t]+\"[^\"]+\"" includes "${text}")
+  foreach(inc ${includes})
+    string(REGEX REPLACE "#include[ \t]+\"([^\"]+)\"" "\\1" header "${inc}")
+    if(EXISTS "${dir}/${header}")
+      file(READ "${dir}/${header}" headerText)
+      string(REPLACE "${inc}" "${headerText}" text "${text}")
+    endif()
+  endforeach()
+  string(APPEND body "  {\"${name}\", R\"qenrc(${text})qenrc\"},\n")
+  math(EXPR index "${index} + 1")
+endforeach()
+file(WRITE "${OUT}.tmp" "// Generated from the dialog templates; do not edit.\n#include \"ui/CDialogTemplates.h\"\n\nnamespace {\nconst CDialogTemplates::Source kSources[] = {\n${body}};\nconst bool kRegistered = CDialogTemplates::addSources(kSources, ${index});\n}  // namespace\n\nbool ${SYMBOL}() { return kRegistered; }\n")
+execute_process(COMMAND ${CMAKE_COMMAND} -E copy_if_different "${OUT}.tmp" "${OUT}")

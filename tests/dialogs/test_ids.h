@@ -1,0 +1,42 @@
+// IDs of the test dialogs (shared by test.rc and the test dialogs' code).
+#pragma once
+
+#define IDD_TEST_MAIN 30100
+#define IDD_TEST_PAGE 30101
+#define IDD_TEST_ADMIN 30102
+#define IDD_TEST_SUB 30103
+
+#define IDC_HELP 9
+#define IDC_LAYER_BTN 10294
+#define IDC_CONTOUR 10333
+#define IDC_STANDARD 10401
+#define IDC_HATCHED 10318
+#define IDC_REPR_GROUP 10332
+#define IDC_PREVIEW 10379
+#define IDC_SHEARED_ICON 10410
+#define IDC_LABEL 11008
+#define IDC_TABS 15007
+#define IDC_LAYER_NAME 10030
+#define IDC_LINETYPE 10039
+#define IDC_AREAS 10040
+#define IDC_MATTYPES 10041
+#define IDC_NORMS 10042
+#define IDC_TEXTS 2000
+#define IDC_LINK 11005
+#define IDC_HIDDEN_BTN 10600
+#define IDC_DISABLED_BTN 10601
+#define IDC_ASK 10602
+#define IDC_SUB 10603
+#define IDC_NOTE 10604
+
+#define IDC_SCREEN 10388
+#define IDC_WIDTH 10389
+#define IDC_CHAMFER 10434
+#define IDC_OBJECT 10411
+#define IDC_POST 10412
+#define IDC_READONLY 10413
+
+#define IDC_REFRESH_ADMIN 10700
+#define IDC_ADMIN_TEXT 10701
+
+#define IDC_SUB_EDIT 10800
