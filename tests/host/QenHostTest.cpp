@@ -17,8 +17,8 @@ struct Result {
   std::string out;  // stdout and stderr together
 };
 
-Result run(const std::string& args) {
-  std::string cmd = std::string(QEN_HOST_EXE) + " " + args + " 2>&1";
+Result run(const std::string& args, const std::string& environment = "") {
+  std::string cmd = environment + std::string(QEN_HOST_EXE) + " " + args + " 2>&1";
   Result r;
   FILE* p = popen(cmd.c_str(), "r");
   if (!p) return r;
@@ -145,10 +145,6 @@ TEST_F(QenHostTest, FactorySettingsHoldEverySectionTheEntriesOpen) {
 }
 
 TEST_F(QenHostTest, TheUserStoreIsMadeFromTheFactorySettingsOnFirstUse) {
-  std::string env = "XDG_CONFIG_HOME=" + m_dir.string() + " ";
-  std::string cmd = env + std::string(QEN_HOST_EXE) + " run KLOTZ 2>&1";
-  FILE* p = popen(cmd.c_str(), "r");
-  ASSERT_NE(p, nullptr);
-  pclose(p);
-  EXPECT_TRUE(std::filesystem::exists(m_dir / "qen" / "settings.json"));
+  Result r = run("run KLOTZ", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
+  EXPECT_TRUE(std::filesystem::exists(m_dir / "qen" / "settings.json")) << r.out;
 }
