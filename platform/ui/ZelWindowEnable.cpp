@@ -1,5 +1,7 @@
 #include "ui/ZelWindowEnable.h"
 
+#include "ui/CWnd.h"
+
 namespace ZEL {
 
 namespace {
@@ -10,7 +12,9 @@ std::function<void(HWND, bool)>& enabler() {
 }  // namespace
 
 void windowEnable(HWND window, bool enable) {
-  if (window && enabler()) enabler()(window, enable);
+  if (!window) return;
+  if (enabler()) enabler()(window, enable);
+  else CWnd::FromHandle(window)->EnableWindow(enable ? TRUE : FALSE);
 }
 
 void setWindowEnabler(std::function<void(HWND, bool)> fn) { enabler() = std::move(fn); }

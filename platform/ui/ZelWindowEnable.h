@@ -9,7 +9,7 @@
 namespace ZEL {
 
 void windowEnable(HWND window, bool enable);
-// The window model installs how a handle is reached.
+// Replaces how a handle is reached (none: the window of the control model); for tests.
 void setWindowEnabler(std::function<void(HWND, bool)> enabler);
 
 }  // namespace ZEL
