@@ -24,5 +24,6 @@ inline UINT iconResourceId(HICON icon) { return static_cast<UINT>(reinterpret_ca
 
 constexpr INT_PTR IDOK = 1;
 constexpr INT_PTR IDCANCEL = 2;
+constexpr INT_PTR IDHELP = 9;
 constexpr BOOL TRUE = 1;
 constexpr BOOL FALSE = 0;
