@@ -120,25 +120,31 @@ void CMsgServer::acceptClients() {
 }
 
 void CMsgServer::readFrom(Client& c) {
+  if (c.closing) return;
   char buf[4096];
   for (;;) {
     ssize_t n = ::recv(c.fd, buf, sizeof(buf), 0);
     if (n < 0 && errno == EINTR) continue;
     if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) break;
-    if (n <= 0) {  // the client hung up: answers still owed are of no use
+    if (n < 0) {  // the connection broke: answers still owed cannot be delivered
       c.closing = true;
       c.output.clear();
       return;
     }
+    if (n == 0) {  // the client is done sending: answer what it sent, then close
+      c.closing = true;
+      break;
+    }
     c.input.append(buf, static_cast<std::size_t>(n));
   }
   std::size_t eol;
-  while (!c.closing && !m_quit && (eol = c.input.find('\n')) != std::string::npos) {
+  while (!m_quit && (eol = c.input.find('\n')) != std::string::npos) {
     c.output += answer(std::string_view(c.input).substr(0, eol));
     c.input.erase(0, eol + 1);
   }
   if (c.input.size() > automation::kMaxLine) {
     c.output += err("request too long");
+    c.input.clear();
     c.closing = true;
   }
 }
@@ -207,5 +213,9 @@ int CMsgServer::run() {
       break;
   }
   ::sigprocmask(SIG_SETMASK, &before, nullptr);
+  // Answers already sent stay delivered; the clients see the end of the connection now
+  // rather than when the program has finished tidying up.
+  for (Client& c : m_clients) ::close(c.fd);
+  m_clients.clear();
   return 0;
 }

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <thread>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -130,4 +131,52 @@ TEST_F(MsgServer, RefusesAFolderOthersCanWriteTo) {
   CMsgServer server(resources, options);
   EXPECT_EQ(server.listen(), CMsgServer::Start::Failed);
   EXPECT_NE(server.error().find("not a private folder"), std::string::npos) << server.error();
+}
+
+namespace {
+
+int connectTo(const std::string& path) {
+  int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un addr{};
+  addr.sun_family = AF_UNIX;
+  std::snprintf(addr.sun_path, sizeof(addr.sun_path), "%s", path.c_str());
+  if (::connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof(addr)) != 0) {
+    ::close(fd);
+    return -1;
+  }
+  return fd;
+}
+
+// Everything the server sends until it closes the connection.
+std::string readToEnd(int fd) {
+  std::string all;
+  char buf[256];
+  ssize_t n;
+  while ((n = ::read(fd, buf, sizeof(buf))) > 0) all.append(buf, static_cast<std::size_t>(n));
+  return all;
+}
+
+}  // namespace
+
+TEST_F(MsgServer, AnswersEveryRequestOfAClientThatStoppedSendingAndEndsOnCall6) {
+  CMsgServer server(resources, options);
+  ASSERT_EQ(server.listen(), CMsgServer::Start::Listening) << server.error();
+  int status = -1;
+  std::thread serving([&] { status = server.run(); });
+
+  int fd = connectTo(options.socketPath);
+  ASSERT_GE(fd, 0);
+  const std::string requests = "4\tQEN_TXT_001\tde\n1\n3\n";
+  ASSERT_EQ(::write(fd, requests.data(), requests.size()), static_cast<ssize_t>(requests.size()));
+  ::shutdown(fd, SHUT_WR);
+  EXPECT_EQ(readToEnd(fd), "OK\tDichtung\nOK\t\nERR\tunknown call 3\n");
+  ::close(fd);
+
+  int quit = connectTo(options.socketPath);
+  ASSERT_GE(quit, 0);
+  ASSERT_EQ(::write(quit, "6\n", 2), 2);
+  EXPECT_EQ(readToEnd(quit), "OK\t1\n");
+  ::close(quit);
+  serving.join();
+  EXPECT_EQ(status, 0);
 }
