@@ -1,6 +1,6 @@
 #include "ui/CMessageBoxDlg.h"
 
-#include "resources/dialogs/platform_ids.h"
+#include "resources/dialogs/platform/platform_ids.h"
 #include "ui/CStatic.h"
 
 const CMessageMapEntry CMessageBoxDlg::kEntries[] = {
