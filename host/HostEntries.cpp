@@ -1,6 +1,28 @@
 #include "HostEntries.h"
 
+#include "data/CConfig.h"
+#include "data/CZelDataDir.h"
+#include "obj/QenObjLayer.h"
+
 #include <strings.h>
+
+namespace {
+
+// The layer dialog works on "*QEN_OBJ_LAY*", prepared from the object being set.
+void prepareLayers(HostCall& c) {
+  if (c.object && !c.record.materialMode) ZEL::obj_layer_init(c.object);
+}
+
+// After OK the object takes the assignment the user chose.
+void finishLayers(HostCall& c, int code) {
+  if (code != 1 || !c.object || c.record.materialMode) return;
+  CZelDataItem* lay = ZEL::cfg_get(L"*QEN_OBJ_LAY*");
+  if (!lay || !lay->getDir()) return;
+  for (const wchar_t* k : {L"IS_LAY", L"LAY_OWN", L"LAY_CUR"})
+    if (CZelDataItem* v = lay->getDir()->item(k)) c.object->mkDir()->insert(k, v, true);
+}
+
+}  // namespace
 
 const std::vector<HostEntry>& hostEntries() {
   static const std::vector<HostEntry> entries = {
@@ -15,7 +37,8 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenNormMenu", "DIN", "standard parts", nullptr},
     {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", nullptr},
     {"qenItemDlgMenu", "ITEM", "article numbers", nullptr},
-    {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); }},
+    {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },
+     prepareLayers, finishLayers},
     {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); }},
     {"qenDlgObjTxt", "LABEL", "label texts of an object", [](HostCall& c) { return qenDlgObjTxt(c.record, c.object); }},
   };

@@ -16,6 +16,10 @@ struct HostEntry {
   const char* objectType;
   const char* serves;
   int (*call)(HostCall&);  // none: the module has no such entry function yet
+  // What the host does around the call: prepare the sections for the object, and take the
+  // user's choices back into the object afterwards (none: nothing).
+  void (*prepare)(HostCall&) = nullptr;
+  void (*finish)(HostCall&, int code) = nullptr;
 };
 
 const std::vector<HostEntry>& hostEntries();

@@ -142,6 +142,7 @@ int hostRun(const CHostOptions& options) {
 
   ZEL::cmdSetSink([](const CZelString& line) { std::cerr << line.toUtf8() << "\n"; });
   HostCall call{record, object};
+  if (entry->prepare) entry->prepare(call);
   CScriptBackend backend(std::move(script), std::cout, std::cerr, options.trace);
   int code = 0;
   {
@@ -149,6 +150,7 @@ int hostRun(const CHostOptions& options) {
     code = entry->call(call);
   }
   if (code == -1) return fail(std::string(entry->function) + ": the dialog could not be shown; nothing was saved");
+  if (entry->finish) entry->finish(call, code);
   // What is left of the script checks the final state; a failing script still ends the run
   // as usual (end code printed, store saved), only its exit status is 1.
   int scriptStatus = backend.finish();

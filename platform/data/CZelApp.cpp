@@ -45,6 +45,10 @@ bool CZelApp::editedObject(const CZelString& type, CAdsName& object, bool) const
   return true;
 }
 
+void CZelApp::layerList(CZelArrayTempl<CLayerProp>& out) const {
+  for (const auto& l : m_hostLayers) out.add(l);
+}
+
 CZelApp* zelAppPtr() {
   static CZelApp app;
   return &app;

@@ -4,11 +4,16 @@
 #pragma once
 
 #include "data/CAdsName.h"
+#include "data/CLayerProp.h"
+#include "data/CZelArrayTempl.h"
 #include "data/CZelString.h"
 #include "data/resbuf.h"
 
 #include <functional>
 #include <map>
+#include <vector>
+
+class CWnd;
 
 namespace ZEL {
 
@@ -29,8 +34,19 @@ public:
   // The object of a type that is being edited, when the host is editing one.
   bool editedObject(const CZelString& type, CAdsName& object, bool flag = true) const;
 
+  // The host's colour dialog for a colour; 1 when the user chose one (none installed: 0).
+  using ColorChooser = std::function<int(CZelColor& color, CWnd* parent)>;
+  int colorChoose(CZelColor& color, CWnd* parent) const { return m_colorChooser ? m_colorChooser(color, parent) : 0; }
+  void setColorChooser(ColorChooser chooser) { m_colorChooser = std::move(chooser); }
+
+  // The layer records the host keeps besides the drawing's layers; appended to `out`.
+  void layerList(CZelArrayTempl<CLayerProp>& out) const;
+  void setHostLayers(std::vector<CLayerProp> layers) { m_hostLayers = std::move(layers); }
+
 private:
   std::map<CZelString, LispFunction> m_functions;
+  std::vector<CLayerProp> m_hostLayers;
+  ColorChooser m_colorChooser;
 };
 
 CZelApp* zelAppPtr();
