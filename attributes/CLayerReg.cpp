@@ -702,7 +702,8 @@ BOOL CLayerReg::PreTranslateMessage(MSG* msg) {
   if (msg->message == WM_KEYDOWN && msg->wParam == VK_RETURN) {
     // Enter never presses OK here; in the name field it commits the typed name.
     CWnd* focus = CWnd::GetFocus();
-    if (focus && focus->GetDlgCtrlID() == kComboEditId && focus->GetParent() == &m_name && m_nameEdited)
+    bool inName = focus && (focus == &m_name || (focus->GetDlgCtrlID() == kComboEditId && focus->GetParent() == &m_name));
+    if (inName && m_nameEdited)
       GetDlgItem(IDC_LAY_SPECIFIC)->SetFocus();
     return TRUE;
   }
