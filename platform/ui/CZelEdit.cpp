@@ -12,12 +12,12 @@ constexpr const wchar_t* kCaption = L"QENORA";
 
 void CZelEdit::setFormat(int format) {
   m_value.setFormat(format);
-  m_numeric = true;
+  setUp();
 }
 
 void CZelEdit::setFormat(Zel::lFormat format) {
   m_value.setFormat(format);
-  m_numeric = true;
+  setUp();
 }
 
 void CZelEdit::setLUnits(long long objectUnit, long long displayUnit) {
@@ -28,12 +28,18 @@ void CZelEdit::setLUnits(long long objectUnit, long long displayUnit) {
 
 void CZelEdit::setLUnits(Zel::lUnit objectUnit, long long displayUnit) {
   m_value.setLUnits(objectUnit, displayUnit);
-  m_numeric = true;
+  setUp();
 }
 
 void CZelEdit::setEditFlags(int type, int flags, int precision, double min, double max) {
   m_value.setEditFlags(type, flags, precision, min, max);
+  setUp();
+}
+
+void CZelEdit::setUp() {
   m_numeric = true;
+  // The good text now means what the new set-up reads in it.
+  rememberGood(m_goodText);
 }
 
 void CZelEdit::setVal(double stored) {

@@ -87,6 +87,7 @@ protected:
 private:
   // Runs the check on the current text: true when it is acceptable (and remembered as good).
   bool checkText();
+  void setUp();
   void refuse(const CZelValueError& error);
   void rememberGood(const CZelString& text);
 

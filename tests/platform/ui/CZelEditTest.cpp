@@ -264,6 +264,19 @@ TEST_F(CZelEditTest, CheckValReportsAndRestoresWhenTheDialogAsks) {
   EXPECT_EQ(boxes.boxes.size(), 1u);
 }
 
+TEST_F(CZelEditTest, ChangingTheSetUpReadsTheShownTextAnew) {
+  runZelCtl(dlg, [](CZelCtlTestDlg& d) {
+    d.m_length.SetWindowText(L"2 cm");
+    EXPECT_EQ(d.m_length.goodValue(), 20.0);
+    d.m_length.setLUnits(5, -1);  // now stored in centimetres
+    EXPECT_EQ(d.m_length.goodValue(), 2.0);
+    ASSERT_EQ(CUserAction::type(d.m_length, L"abc"), "");
+    double v = 0;
+    EXPECT_FALSE(d.m_length.checkVal(v));
+    EXPECT_EQ(v, 2.0);
+  });
+}
+
 // --- the modified flag ----------------------------------------------------------------------------
 
 TEST_F(CZelEditTest, TypingSetsTheModifiedFlagAndTheProgramClearsIt) {
