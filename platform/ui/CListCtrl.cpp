@@ -266,7 +266,9 @@ void CListCtrl::endLabelEdit(const CZelString* text) {
   info.item.pszText = text ? text->c_str() : nullptr;
   info.item.lParam = static_cast<LPARAM>(GetItemData(row));
   LRESULT keep = notifyParent(info.hdr, LVN_ENDLABELEDIT);
-  if (text && keep && valid(row)) SetItemText(row, 0, text->c_str());
+  const bool kept = text && keep;
+  if (kept && valid(row)) SetItemText(row, 0, text->c_str());
+  if (m_hWnd) onLabelEditEnded(row, kept);
 }
 
 void CListCtrl::selectByUser(int index) {

@@ -82,6 +82,9 @@ protected:
   bool acceptsKind(WndKind kind) const override { return kind == WndKind::ListView; }
   void takeStateFrom(CWnd& other) override;
   void onCreated() override;
+  // After the in-place editing of `row` has ended and the parent has answered LVN_ENDLABELEDIT
+  // (kept: it took the new text); for lists that tidy up after an edit.
+  virtual void onLabelEditEnded(int row, bool kept) {}
 
 private:
   struct Row {
