@@ -11,7 +11,7 @@
 #include "framework/CQenTabCtrl.h"
 #include "module/CQenEntryDlg.h"
 #include "ui/CComboBox.h"
-#include "ui/CEdit.h"
+#include "ui/CZelEdit.h"
 #include "ui/CZelPicture.h"
 
 class CLayerReg : public CQenEntryDlg<CZelDlg> {
@@ -103,7 +103,7 @@ private:
   CComboBox m_plotStyle;
   CComboBox m_weight;
   CZelPicture m_swatch;
-  CEdit m_description;
+  CZelEdit m_description;  // plain text: the layer's description
 
   bool m_nameEdited = false;
   bool m_descEdited = false;
