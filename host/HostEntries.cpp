@@ -1,6 +1,20 @@
 #include "HostEntries.h"
 
+#include "data/CConfig.h"
+
 #include <strings.h>
+
+namespace {
+
+// The item dialog takes the object named by --record object=HANDLE; without one, the
+// setting block that the settings describe ("*HZ_KLOTZ*"), as the setting-block dialog's
+// "Artikel..." button hands it over.
+int callItem(HostCall& c) {
+  CZelDataItem* object = c.object ? c.object : ZEL::cfg_get(L"*HZ_KLOTZ*");
+  return qenItemDlgMenu(c.record, object);
+}
+
+}  // namespace
 
 const std::vector<HostEntry>& hostEntries() {
   static const std::vector<HostEntry> entries = {
@@ -14,7 +28,7 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
     {"qenNormMenu", "DIN", "standard parts", nullptr},
     {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", nullptr},
-    {"qenItemDlgMenu", "ITEM", "article numbers", nullptr},
+    {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); }},
     {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); }},
     {"qenDlgObjTxt", "LABEL", "label texts of an object", [](HostCall& c) { return qenDlgObjTxt(c.record, c.object); }},

@@ -1,6 +1,9 @@
 #include "data/CZelApp.h"
 
 #include "data/CZelDrawing.h"
+#include "data/CZelMatMgr.h"
+// The colour dialog is the host's, so the application object shows it.
+#include "ui/CZelColorDlg.h"
 
 namespace ZEL {
 
@@ -43,6 +46,15 @@ bool CZelApp::editedObject(const CZelString& type, CAdsName& object, bool) const
   if (it == d.currentObject.end() || !d.objectData(it->second)) return false;
   object = CAdsName(it->second);
   return true;
+}
+
+int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) {
+  CZelColorDlg dlg(color, parent, choice);
+  const auto* owner = dynamic_cast<const CZelDlg*>(parent);
+  dlg.SetCountry(owner ? owner->country() : CZelMatMgr::userCountry());
+  if (dlg.DoModal() != IDOK) return 0;
+  color = dlg.color();
+  return 1;
 }
 
 CZelApp* zelAppPtr() {

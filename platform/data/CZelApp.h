@@ -4,11 +4,14 @@
 #pragma once
 
 #include "data/CAdsName.h"
+#include "data/CZelColor.h"
 #include "data/CZelString.h"
 #include "data/resbuf.h"
 
 #include <functional>
 #include <map>
+
+class CWnd;
 
 namespace ZEL {
 
@@ -28,6 +31,10 @@ public:
 
   // The object of a type that is being edited, when the host is editing one.
   bool editedObject(const CZelString& type, CAdsName& object, bool flag = true) const;
+
+  // The host's colour dialog on `color`: 1 and the chosen colour on OK, 0 and `color`
+  // untouched otherwise. Texts in the parent dialog's language, else the user's.
+  int colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice = ZelColorChoice::Plain);
 
 private:
   std::map<CZelString, LispFunction> m_functions;
