@@ -128,25 +128,27 @@ void CZelColorDlg::refresh() {
   m_refreshing = false;
 }
 
-bool CZelColorDlg::readIndex() {
+bool CZelColorDlg::readIndex(Complaint complaint) {
   int v = 0;
   CZelString text = edit(IDC_COLOR_INDEX).GetWindowText();
   bool logical = m_index == kByBlock || m_index == kByLayer;
   // An empty edit while "VonLayer" or "VonBlock" is chosen keeps that choice.
   if (logical && CZelString(text).trim().isEmpty()) return true;
   if (!parseNumber(text, v) || v < 1 || v > 255) {
-    MessageBoxW(GetMsg(L"ZEL_COLOR_010", L"Bitte eine Farbnummer von 1 bis 255 eingeben.").c_str());
+    if (complaint == Complaint::Tell)
+      MessageBoxW(GetMsg(L"ZEL_COLOR_010", L"Bitte eine Farbnummer von 1 bis 255 eingeben.").c_str());
     return false;
   }
   m_index = v;
   return true;
 }
 
-bool CZelColorDlg::readRgb() {
+bool CZelColorDlg::readRgb(Complaint complaint) {
   int values[3] = {0, 0, 0};
   for (int i = 0; i < 3; ++i) {
     if (!parseNumber(edit(kRgbEdits[i]).GetWindowText(), values[i]) || values[i] > 255) {
-      MessageBoxW(GetMsg(L"ZEL_COLOR_011", L"Rot, Grün und Blau sind Werte von 0 bis 255.").c_str());
+      if (complaint == Complaint::Tell)
+        MessageBoxW(GetMsg(L"ZEL_COLOR_011", L"Rot, Grün und Blau sind Werte von 0 bis 255.").c_str());
       return false;
     }
   }
@@ -161,14 +163,15 @@ void CZelColorDlg::command(const CZelString& word) {
   } else if (word == L"by_rgb") {
     if (!m_trueColor) standardRgb(m_index, m_rgb);
     m_trueColor = true;
-  } else if (word == L"index") {
-    if (!m_trueColor) readIndex();
+  } else if (word == L"index" || word == L"rgb") {
+    // Leaving a field takes a good value at once; a bad one stays for the user to correct
+    // and is refused when OK is pressed (a box on leaving would interrupt the OK click).
+    bool valid = word == L"index" ? readIndex(Complaint::Silent) : readRgb(Complaint::Silent);
+    if (!valid) return;
   } else if (word == L"standard" || word == L"standard_ok") {
     CListBox& list = listBox(IDC_COLOR_STANDARD);
     int line = list.GetCurSel();
     if (line >= 0) m_index = static_cast<int>(list.GetItemData(line));
-  } else if (word == L"rgb") {
-    if (m_trueColor) readRgb();
   }
   refresh();
   if (word == L"standard_ok") OnOK();
@@ -176,11 +179,11 @@ void CZelColorDlg::command(const CZelString& word) {
 
 void CZelColorDlg::OnOK() {
   // What was typed without leaving the edit counts too; a bad value keeps the dialog open.
-  bool valid = m_trueColor ? readRgb() : readIndex();
-  refresh();
+  bool valid = m_trueColor ? readRgb(Complaint::Tell) : readIndex(Complaint::Tell);
   if (!valid) {
     GotoDlgCtrl(m_trueColor ? &control(IDC_COLOR_RED) : &control(IDC_COLOR_INDEX));
     return;
   }
+  refresh();
   CZelDlg::OnOK();
 }

@@ -23,10 +23,11 @@ private:
   static const CMessageMapEntry kEntries[];
   void command(const CZelString& word);
   void refresh();
-  // The index edit and the RGB edits read into the choice; false (and the user told)
-  // when a value is not a number of its range.
-  bool readIndex();
-  bool readRgb();
+  // The index edit and the RGB edits read into the choice; false when a value is not a
+  // number of its range, and the user is told so only when OK is asked for.
+  enum class Complaint { Silent, Tell };
+  bool readIndex(Complaint complaint);
+  bool readRgb(Complaint complaint);
 
   CZelColor m_color;
   ZelColorChoice m_choice;
