@@ -22,6 +22,14 @@ void finishLayers(HostCall& c, int code) {
     if (CZelDataItem* v = lay->getDir()->item(k)) c.object->mkDir()->insert(k, v, true);
 }
 
+// The item dialog takes the object named by --record object=HANDLE; without one, the
+// setting block that the settings describe ("*HZ_KLOTZ*"), as the setting-block dialog's
+// "Artikel..." button hands it over.
+int callItem(HostCall& c) {
+  CZelDataItem* object = c.object ? c.object : ZEL::cfg_get(L"*HZ_KLOTZ*");
+  return qenItemDlgMenu(c.record, object);
+}
+
 }  // namespace
 
 const std::vector<HostEntry>& hostEntries() {
@@ -36,7 +44,7 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
     {"qenNormMenu", "DIN", "standard parts", nullptr},
     {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", nullptr},
-    {"qenItemDlgMenu", "ITEM", "article numbers", nullptr},
+    {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },
      prepareLayers, finishLayers},
     {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); }},

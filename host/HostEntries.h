@@ -8,7 +8,7 @@
 
 struct HostCall {
   qenDlgEnv_st& record;
-  CZelDataItem* object;  // the labeling entry's object data (from --record object=HANDLE)
+  CZelDataItem* object;  // the object data of the labeling and item entries (--record object=HANDLE)
 };
 
 struct HostEntry {

@@ -3,9 +3,9 @@
 
 #include "data/CZelDataItem.h"
 #include "module/qenDlgEnv_st.h"
+#include "qen_api.h"
+#include "standardparts/CSharpDialogInterface.h"
 #include "ui/wintypes.h"
-
-#define QEN_API __attribute__((visibility("default")))
 
 // Each runs one modal dialog and returns its end code: 1 OK, 0 Cancel, any other code
 // (a pick request such as 103 "Objekt <") unchanged; -1 when the dialog could not be shown.
@@ -19,6 +19,9 @@ QEN_API int qenDlgHzBl(qenDlgEnv_st& env);
 QEN_API int qenDlgMatObjLayer(qenDlgEnv_st& env);
 QEN_API int qenDlgMatObjHatch(qenDlgEnv_st env);
 QEN_API int qenDlgObjTxt(const qenDlgEnv_st& env, CZelDataItem* object);
+// The item dialog on an object's data (none: the object the store's "*QEN_OBJ_GEN*" holds
+// from the last call). Returns the dialog's own end code: 1 OK, 2 Cancel, -1 not shown.
+QEN_API int qenItemDlgMenu(const ZEL::DlgEnv_st& env, CZelDataItem* object);
 
 // The host command functions: bridges to the host's Lisp functions of the same purpose.
 QEN_API void fav_save(const CZelString& type);

@@ -1,6 +1,9 @@
 #include "data/CZelApp.h"
 
 #include "data/CZelDrawing.h"
+#include "data/CZelMatMgr.h"
+// The colour dialog is the host's, so the application object shows it.
+#include "ui/CZelColorDlg.h"
 
 namespace ZEL {
 
@@ -47,6 +50,16 @@ bool CZelApp::editedObject(const CZelString& type, CAdsName& object, bool) const
 
 void CZelApp::layerList(CZelArrayTempl<CLayerProp>& out) const {
   for (const auto& l : m_hostLayers) out.add(l);
+}
+
+int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) {
+  if (m_colorChooser) return m_colorChooser(color, parent);
+  CZelColorDlg dlg(color, parent, choice);
+  const auto* owner = dynamic_cast<const CZelDlg*>(parent);
+  dlg.SetCountry(owner ? owner->country() : CZelMatMgr::userCountry());
+  if (dlg.DoModal() != IDOK) return 0;
+  color = dlg.color();
+  return 1;
 }
 
 CZelApp* zelAppPtr() {

@@ -6,12 +6,15 @@
 #include "data/CAdsName.h"
 #include "data/CLayerProp.h"
 #include "data/CZelArrayTempl.h"
+#include "data/CZelColor.h"
 #include "data/CZelString.h"
 #include "data/resbuf.h"
 
 #include <functional>
 #include <map>
 #include <vector>
+
+class CWnd;
 
 class CWnd;
 
@@ -34,9 +37,11 @@ public:
   // The object of a type that is being edited, when the host is editing one.
   bool editedObject(const CZelString& type, CAdsName& object, bool flag = true) const;
 
-  // The host's colour dialog for a colour; 1 when the user chose one (none installed: 0).
+  // The host's colour dialog on `color`: 1 and the chosen colour on OK, 0 and `color`
+  // untouched otherwise. Texts in the parent dialog's language, else the user's.
+  int colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice = ZelColorChoice::Plain);
+  // Puts another chooser in place of the dialog (none: the dialog again); for tests.
   using ColorChooser = std::function<int(CZelColor& color, CWnd* parent)>;
-  int colorChoose(CZelColor& color, CWnd* parent) const { return m_colorChooser ? m_colorChooser(color, parent) : 0; }
   void setColorChooser(ColorChooser chooser) { m_colorChooser = std::move(chooser); }
 
   // The layer records the host keeps besides the drawing's layers; appended to `out`.

@@ -27,3 +27,6 @@ private:
   int m_index = 7;
   std::uint8_t m_r = 0, m_g = 0, m_b = 0;
 };
+
+// Whether a colour choice offers "VonLayer" and "VonBlock": a layer's own colour is neither.
+enum class ZelColorChoice { Plain, ByLayerBlock };

@@ -459,6 +459,12 @@ void CWnd::takeStateFrom(CWnd& other) {
   m_rect = other.m_rect;
   m_toolTip = other.m_toolTip;
   m_image = other.m_image;
+  m_font = other.m_font;
+}
+
+void CWnd::SetFont(CFont* font, BOOL redraw) {
+  m_font = font;
+  if (redraw) Invalidate();
 }
 
 BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {

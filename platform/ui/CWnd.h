@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+class CFont;
+
 enum class WndKind {
   Window, Dialog, PushButton, CheckBox, RadioButton, GroupBox, Text, Icon, Frame,
   Edit, ComboBox, ListBox, CheckListBox, TreeView, TabControl, ListView, SysLink, Custom
@@ -65,6 +67,9 @@ public:
   void UpdateWindow() {}
   int paintCount() const { return m_paintCount; }
   void SetToolTipText(const CZelString& text) { m_toolTip = text; }
+  // The font the window draws its text with (none: the dialog's font); not owned.
+  void SetFont(CFont* font, BOOL redraw = TRUE);
+  CFont* GetFont() const { return m_font; }
   const CZelString& toolTipText() const { return m_toolTip; }
 
   // --- focus ---------------------------------------------------------------------------------
@@ -172,6 +177,7 @@ protected:
   CRect m_rect;  // pixels, relative to the parent's client area
   CZelString m_toolTip;
   UINT m_image = 0;
+  CFont* m_font = nullptr;
   int m_paintCount = 0;
   bool m_topLevel = false;  // a modal dialog: its own focus, no parent for visibility
   CWnd* m_parent = nullptr;

@@ -126,6 +126,7 @@ constexpr UINT MB_ICONINFORMATION = 0x40;
 constexpr UINT MB_ICONMASK = 0xF0;
 constexpr UINT MB_DEFBUTTON2 = 0x100;
 constexpr UINT MB_DEFBUTTON3 = 0x200;
+constexpr UINT MB_TASKMODAL = 0x2000;
 
 // --- window styles ---------------------------------------------------------------------------
 constexpr DWORD WS_POPUP = 0x80000000;
