@@ -2,7 +2,7 @@
 // its level-4 object key, entered, changed or deleted (deleting asks first).
 #pragma once
 
-#include "ui/CEdit.h"
+#include "ui/CZelEdit.h"
 #include "ui/CFont.h"
 #include "ui/CZelDlg.h"
 
@@ -26,9 +26,7 @@ private:
   void fill();
 
   CFont m_labelFont;
-  // The article number is text, not a length: once CZelEdit is merged it takes this place
-  // with its text flags, as the other dialogs' fields do.
-  CEdit m_article;
+  CZelEdit m_article;  // text, not a number: no format or unit is set on it
   CZelDataItem* m_item = nullptr;
   CZelString m_key;
 };
