@@ -49,6 +49,12 @@ void CZelApp::layerList(CZelArrayTempl<CLayerProp>& out) const {
   for (const auto& l : m_hostLayers) out.add(l);
 }
 
+CZelMapTempl<CZelString, CZelString> CZelApp::hatchPatterns() const {
+  CZelMapTempl<CZelString, CZelString> patterns;
+  for (const auto& [name, description] : CZelDrawing::current().hatchPatterns) patterns[name] = description;
+  return patterns;
+}
+
 CZelApp* zelAppPtr() {
   static CZelApp app;
   return &app;
