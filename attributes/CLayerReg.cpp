@@ -1,12 +1,12 @@
 #include "attributes/CLayerReg.h"
 
+#include "attributes/QenAttributeHeader.h"
 #include "data/CConfig.h"
 #include "data/CZelApp.h"
 #include "data/CZelDataDir.h"
 #include "data/ZelMessages.h"
 #include "data/ZelNames.h"
 #include "module/CQenDialogFactory.h"
-#include "obj/CZelAttributeMgr.h"
 #include "obj/QenObjLayer.h"
 #include "resources/dialogs/layer_ids.h"
 #include "store/QenStoreAccess.h"
@@ -503,36 +503,7 @@ void CLayerReg::changeDetail(Change change) {
 }
 
 void CLayerReg::buildHeader() {
-  CZelString text = objLayText(L"LABEL");
-  const CZelString type = m_env.objectType;
-  if (type == L"DIN") text = m_label;
-  if (type == L"FOLIE" && stored({L"*HZ_FOLIE*", L"SN"})) text = GetMsg(L"HZ169", L"Schicht");
-
-  CZelString material = objLayText(L"MAT");
-  if (type == L"BLECH") {
-    CZelString cons;
-    if (CZelDataItem* item = ZEL::cfg_get(L"*HZ_BLECH*\\SCONS")) item->get(cons);
-    if (cons == L"BOND") {
-      // A composite panel's material is that of its product line in the panel catalogue.
-      CZelAttributeMgr attributes(L"BLECH");
-      auto attribute = [&attributes](const wchar_t* name) {
-        CZelString v;
-        if (CZelDataItem* a = attributes.att_get(name)) a->get(v);
-        return v;
-      };
-      CZelString prod = attribute(L"PROD"), sys = attribute(L"SYS"), nam = attribute(L"NAM");
-      material = CZelString();
-      if (CZelDataItem* m = ZEL::cfg_get(key({L"*QEN_ALUCOBOND*", prod.c_str(), sys.c_str(), L"BOND", nam.c_str(), L"MAT"})))
-        m->get(material);
-    } else if (cons != L"SHEET") {
-      material = CZelString();
-    }
-  }
-  if (!material.isEmpty()) {
-    CZelString label = m_matMgr.matLabel(material, L"-1");
-    text += label == L"SYSTEM" ? CZelString(L" {SYSTEM}") : L" - " + label;
-  }
-  SetDlgItemText(IDC_LAY_HEADER, text);
+  SetDlgItemText(IDC_LAY_HEADER, QEN::attributeHeader(*this, m_env.objectType, objLayText(L"LABEL"), m_label, objLayText(L"MAT")));
 }
 
 // --- handlers -----------------------------------------------------------------------------

@@ -2,6 +2,8 @@
 
 #include "data/CConfig.h"
 #include "data/CZelDataDir.h"
+#include "data/ZelDataAccess.h"
+#include "obj/QenObjHatch.h"
 #include "obj/QenObjLayer.h"
 
 #include <strings.h>
@@ -30,6 +32,34 @@ int callItem(HostCall& c) {
   return qenItemDlgMenu(c.record, object);
 }
 
+// The hatch dialog works on "*QEN_OBJ_HATCH*", prepared from the object being set.
+void prepareHatches(HostCall& c) {
+  if (c.object) ZEL::obj_hatch_init(c.object);
+}
+
+// After OK the object takes the source of each hatch and the pattern, scale and angle of
+// that source, as it is drawn with them.
+void finishHatches(HostCall& c, int code) {
+  if (code != 1 || !c.object) return;
+  CZelDataItem* hatches = ZEL::cfg_get(L"*QEN_OBJ_HATCH*");
+  if (!hatches) return;
+  for (const CZelString& suffix : {CZelString(), CZelString(L"2")}) {
+    int mode = 0;
+    CZelDataKey isHatch(L"IS_HATCH" + suffix);
+    if (!hatches->get(mode, &isHatch)) continue;
+    ZEL::dataItemSet(c.object, &isHatch, mode);
+    const CZelString source = (mode == 0 ? L"HATCH_SYS" : mode == 1 ? L"HATCH_MAT" : L"HATCH_OWN") + suffix;
+    CZelDataKey name = CZelDataKey::fromPath(source + L"\\#2"), scale = CZelDataKey::fromPath(source + L"\\#40"),
+                angle = CZelDataKey::fromPath(source + L"\\#50");
+    CZelString pattern;
+    double value = 0.0;
+    CZelDataKey hpName(L"HPNAME" + suffix), hpScale(L"HPSCALE" + suffix), hpAngle(L"HPANG" + suffix);
+    if (hatches->get(pattern, &name)) ZEL::dataItemSet(c.object, &hpName, pattern);
+    if (hatches->get(value, &scale)) ZEL::dataItemSet(c.object, &hpScale, value);
+    if (hatches->get(value, &angle)) ZEL::dataItemSet(c.object, &hpAngle, value);
+  }
+}
+
 }  // namespace
 
 const std::vector<HostEntry>& hostEntries() {
@@ -47,7 +77,8 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },
      prepareLayers, finishLayers},
-    {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); }},
+    {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); },
+     prepareHatches, finishHatches},
     {"qenDlgObjTxt", "LABEL", "label texts of an object", [](HostCall& c) { return qenDlgObjTxt(c.record, c.object); }},
   };
   return entries;

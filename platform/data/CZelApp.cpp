@@ -62,6 +62,12 @@ int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) 
   return 1;
 }
 
+CZelMapTempl<CZelString, CZelString> CZelApp::hatchPatterns() const {
+  CZelMapTempl<CZelString, CZelString> patterns;
+  for (const auto& [name, description] : CZelDrawing::current().hatchPatterns) patterns[name] = description;
+  return patterns;
+}
+
 CZelApp* zelAppPtr() {
   static CZelApp app;
   return &app;

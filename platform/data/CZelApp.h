@@ -1,12 +1,13 @@
 // The host application object: calls a Lisp function of the host by name, answers which
-// object of a type is being edited, and names the add-on's data files. The host program
-// registers its functions; the module only calls them.
+// object of a type is being edited, names the add-on's data files and the drawing's hatch
+// patterns. The host program registers its functions; the module only calls them.
 #pragma once
 
 #include "data/CAdsName.h"
 #include "data/CLayerProp.h"
 #include "data/CZelArrayTempl.h"
 #include "data/CZelColor.h"
+#include "data/CZelMapTempl.h"
 #include "data/CZelString.h"
 #include "data/resbuf.h"
 
@@ -47,6 +48,9 @@ public:
   // The layer records the host keeps besides the drawing's layers; appended to `out`.
   void layerList(CZelArrayTempl<CLayerProp>& out) const;
   void setHostLayers(std::vector<CLayerProp> layers) { m_hostLayers = std::move(layers); }
+
+  // The hatch patterns the drawing knows: pattern name -> description.
+  CZelMapTempl<CZelString, CZelString> hatchPatterns() const;
 
 private:
   std::map<CZelString, LispFunction> m_functions;
