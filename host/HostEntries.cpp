@@ -1,11 +1,16 @@
 #include "HostEntries.h"
 
 #include "data/CConfig.h"
+#include "data/CFileLock.h"
+#include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/ZelDataAccess.h"
 #include "obj/QenObjHatch.h"
+#include "obj/QenDataFiles.h"
 #include "obj/QenObjLayer.h"
+#include "obj/ZelObjKey.h"
 
+#include <memory>
 #include <strings.h>
 
 namespace {
@@ -60,6 +65,46 @@ void finishHatches(HostCall& c, int code) {
   }
 }
 
+// The labeling dialog writes its choices straight into the object; the object as it was
+// before the call is kept so that anything but OK leaves the drawing untouched.
+std::unique_ptr<CZelDataItem>& labelObjectBefore() {
+  static std::unique_ptr<CZelDataItem> before;
+  return before;
+}
+
+// The supplementary list the user saved with "Liste speichern" (here or in another program)
+// joins the one of the settings store: entries the store lacks are added at the end.
+void mergeSavedList(const CZelString& key3) {
+  const std::string file = QEN::dataFileName(L"qen_obj_prop.dex", QEN::kDataFileRead).toUtf8();
+  std::unique_ptr<CZelDataItem> saved;
+  {
+    ZEL::CFileLock lock(file, 15000);
+    if (!lock.isLocked()) return;
+    saved.reset(CStoreFile::load(file));
+  }
+  CZelDataKey inFile;
+  inFile.set(5005, key3.c_str(), 5005, L"TXTLST", 0);
+  CZelArrayTempl<CZelString> fromFile, list;
+  if (!saved || !saved->get(fromFile, &inFile) || fromFile.isEmpty()) return;
+  CZelDataKey inStore;
+  inStore.set(5005, L"*QEN_OBJ_PROP*", 5005, key3.c_str(), 5005, L"TXTLST", 0);
+  if (CZelDataItem* stored = ZEL::cfg_get(inStore)) stored->get(list);
+  const int before = list.count();
+  for (const CZelString& e : fromFile)
+    if (!e.isEmpty() && list.find(e) < 0) list.add(e);
+  if (list.count() != before) ZEL::cfg_set(inStore, ZEL::mkDataItem(ZEL::mkResbuf(list)), true);
+}
+
+void prepareLabel(HostCall& c) {
+  labelObjectBefore().reset(c.object ? c.object->clone() : nullptr);
+  if (c.object) mergeSavedList(ZEL::objKey(c.object, 3));
+}
+
+void finishLabel(HostCall& c, int code) {
+  if (code != 1 && c.object && labelObjectBefore()) c.object->assign(*labelObjectBefore());
+  labelObjectBefore().reset();
+}
+
 }  // namespace
 
 const std::vector<HostEntry>& hostEntries() {
@@ -79,7 +124,8 @@ const std::vector<HostEntry>& hostEntries() {
      prepareLayers, finishLayers},
     {"qenDlgMatObjHatch", "HATCH", "hatches of an object", [](HostCall& c) { return qenDlgMatObjHatch(c.record); },
      prepareHatches, finishHatches},
-    {"qenDlgObjTxt", "LABEL", "label texts of an object", [](HostCall& c) { return qenDlgObjTxt(c.record, c.object); }},
+    {"qenDlgObjTxt", "LABEL", "label texts of an object", [](HostCall& c) { return qenDlgObjTxt(c.record, c.object); },
+     prepareLabel, finishLabel},
   };
   return entries;
 }

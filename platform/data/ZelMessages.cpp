@@ -4,6 +4,9 @@
 #include "data/CZelMsgTable.h"
 #include "data/ZelCountries.h"
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 CZelString& currentCountry() {
@@ -100,6 +103,37 @@ CZelString label_get(const CZelString& entry, const wchar_t* country) {
     pos = textEnd + 1;
   }
   return CZelString(byLanguage);
+}
+
+CZelString label_set(const CZelString& entry, const wchar_t* country, const CZelString& text) {
+  const std::wstring code = CZelMsgTable::normCode(resolveCountry(country));
+  std::wstring value = text.str();
+  for (wchar_t& c : value)
+    if (c == L'\\') c = L'/';
+  const std::wstring_view in = entry.view();
+  std::vector<std::pair<std::wstring, std::wstring>> parts;
+  if (in.starts_with(L'\\')) {
+    std::size_t pos = 1;
+    while (pos <= in.size()) {
+      std::size_t codeEnd = in.find(L'\\', pos);
+      if (codeEnd == std::wstring_view::npos) break;
+      std::size_t textEnd = in.find(L'\\', codeEnd + 1);
+      if (textEnd == std::wstring_view::npos) textEnd = in.size();
+      parts.emplace_back(in.substr(pos, codeEnd - pos), in.substr(codeEnd + 1, textEnd - codeEnd - 1));
+      pos = textEnd + 1;
+    }
+  }
+  bool placed = false;
+  for (auto& [partCode, partText] : parts)
+    if (!placed && CZelMsgTable::normCode(partCode) == code) {
+      partText = value;
+      placed = true;
+    }
+  if (!placed) parts.emplace_back(code, value);
+  std::wstring out;
+  for (const auto& [partCode, partText] : parts)
+    if (!partText.empty()) out += L"\\" + partCode + L"\\" + partText;
+  return CZelString(out);
 }
 
 }  // namespace ZEL

@@ -40,5 +40,10 @@ void msgUnloadAll();
 // country's code, else that of its language; empty when neither is there. An entry that does not
 // start with a backslash is one text for every language.
 CZelString label_get(const CZelString& entry, const wchar_t* country);
+// The entry with the country's own part set to `text` (added at the end when the entry has none;
+// removed when `text` is empty); the other parts stay in their order. A plain entry (no leading
+// backslash) counts as the text of that country alone. A backslash cannot stand in a text and
+// becomes "/". An entry whose last part is removed becomes empty.
+CZelString label_set(const CZelString& entry, const wchar_t* country, const CZelString& text);
 
 }  // namespace ZEL

@@ -1,0 +1,46 @@
+// The supplementary list of the labeling dialog: multilingual free texts ("\de\Text\en\Text"),
+// each shown in the language of the texts or by its fallback, sorted, and edited in place.
+// An ended edit is settled here and then announced to the dialog (message 2001).
+#pragma once
+
+#include "data/CZelArrayTempl.h"
+#include "ui/CZelListCtrl.h"
+
+class CLabelingSupplLst : public CZelListCtrl {
+public:
+  // What the last in-place edit did to an entry: `before` is empty for a new entry, `after`
+  // is empty when the entry was deleted; both are empty when the edit changed nothing.
+  struct Edit {
+    CZelString before;
+    CZelString after;
+  };
+
+  // Shows the entries in `language` and selects `select` (none when it is not there).
+  void setEntries(const CZelArrayTempl<CZelString>& entries, const CZelString& language, const CZelString& select);
+  const CZelArrayTempl<CZelString>& entries() const { return m_entries; }
+  // The entry of a row; empty for a row that has none (a new row being typed).
+  CZelString entryAt(int row) const { return row >= 0 && row < m_entries.count() ? m_entries[row] : CZelString(); }
+  int rowOf(const CZelString& entry) const { return m_entries.find(entry); }
+  const Edit& lastEdit() const { return m_lastEdit; }
+
+  // The entry's text in the language, else "{<country>: <text>}" of the first country of the
+  // country table that has a text, else "{?}".
+  static CZelString shownText(const CZelString& entry, const CZelString& language);
+  static bool hasText(const CZelString& entry, const CZelString& language);
+  // Ascending: entries without a text in the language first, then by their shown text in upper
+  // case; descending is the ascending order reversed.
+  static void sortEntries(CZelArrayTempl<CZelString>& entries, const CZelString& language, bool descending);
+
+protected:
+  bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
+private:
+  // The row of another entry whose text in the language equals `text`, or -1.
+  int duplicateOf(const CZelString& text, int except) const;
+  bool endEdit(int row, const wchar_t* typed);
+  void announce(int row);
+
+  CZelArrayTempl<CZelString> m_entries;
+  CZelString m_language;
+  Edit m_lastEdit;
+};
