@@ -118,7 +118,8 @@ bool obj_hatch_init(const CZelDataItem* object) {
   };
   set(L"TYPE", text(L"TYPE"));
   set(L"MAT", text(L"MAT"));
-  set(L"LABEL", obj_label(object, L"-1"));
+  // The dialogs' header adds the material's label to this one.
+  set(L"LABEL", obj_label(object, L"-1", ObjLabelMaterial::Without));
   set(L"KEY3", key3);
 
   const bool second = hasKey(object, L"IS_HATCH2") || hasKey(object, L"HPNAME2");

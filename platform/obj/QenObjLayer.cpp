@@ -55,7 +55,8 @@ bool obj_layer_init(const CZelDataItem* object) {
     CZelDataKey k = CZelDataKey::fromPath(path);
     dataItemSet(&lay, &k, value);
   };
-  set(L"LABEL", obj_label(object, L"-1"));
+  // The dialogs' header adds the material's label to this one.
+  set(L"LABEL", obj_label(object, L"-1", ObjLabelMaterial::Without));
   set(L"MAT", material);
   set(L"KEY3", key3);
   for (const auto& [logical, label] : kLogicalLayers) {

@@ -26,7 +26,7 @@ CZelString typePart(const CZelDataItem* item, const wchar_t* country) {
 
 }  // namespace
 
-CZelString obj_label(const CZelDataItem* item, const wchar_t* country) {
+CZelString obj_label(const CZelDataItem* item, const wchar_t* country, ObjLabelMaterial material) {
   if (!item) return CZelString();
   CZelString label = typePart(item, country);
   CZelString dims;
@@ -40,7 +40,7 @@ CZelString obj_label(const CZelDataItem* item, const wchar_t* country) {
     dims += buf;
   }
   if (!dims.isEmpty()) label += L" " + dims;
-  return label + materialPart(item, country);
+  return material == ObjLabelMaterial::With ? label + materialPart(item, country) : label;
 }
 
 CZelString obj_label_header(const CZelDataItem* item, const wchar_t* country) {

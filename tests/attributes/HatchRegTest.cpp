@@ -61,7 +61,7 @@ protected:
 TEST_F(HatchRegTest, OpensOnTheSystemsPatternWithItsDescriptionAndGermanTexts) {
   DialogRun r = runHatch(
       "expect 15007 items 1\nexpect 15007 text \"Kontur\"\n"
-      "expect 10304 text \"Dichtung 10 x 3 - EPDM - EPDM\"\n"
+      "expect 10304 text \"Dichtung 10 x 3 - EPDM\"\n"
       "expect 0/10353 checked\nexpect 0/10354 unchecked\nexpect 0/10355 unchecked\n"
       "expect 0/10344 disabled\nexpect 0/10344 text \"ANSI34\"\nexpect 0/10344 items 6\n"
       "expect 0/10345 text \"ANSI Plastic and Rubber\"\nexpect 0/10347 disabled\nexpect 0/10349 disabled\n"
@@ -230,9 +230,9 @@ TEST_F(HatchRegTest, CancelLeavesTheStoredSectionAsItWas) {
 TEST_F(HatchRegTest, PresetsAreSavedAndRemovedWithTheirMessages) {
   DialogRun r = runHatch(
       "expect 10367 disabled\nclick 10366\n"
-      "expect-box \"Dichtung 10 x 3 - EPDM\\nEPDM\\nEinstellungen gespeichert\"\nexpect 10367 enabled\n"
+      "expect-box \"Dichtung 10 x 3\\nEPDM\\nEinstellungen gespeichert\"\nexpect 10367 enabled\n"
       "expect-store *QEN_OBJ_PROP*\\DICHT:EPDM\\IS_HATCH 0\n"
-      "click 10367\nexpect-box \"Dichtung 10 x 3 - EPDM\\nVoreinstellungen entfernt\"\nexpect 10367 disabled\n"
+      "click 10367\nexpect-box \"Dichtung 10 x 3\\nVoreinstellungen entfernt\"\nexpect 10367 disabled\n"
       "expect-store *QEN_OBJ_PROP*\\DICHT:EPDM\\IS_HATCH absent\nok\n",
       L"30");
   EXPECT_EQ(r.status, 0) << r.err;

@@ -121,8 +121,8 @@ TEST_F(LayerRegTest, EnterCommitsATypedNameWithoutClosingAndAnEmptyNameIsRefused
 TEST_F(LayerRegTest, PresetsAreSavedAndRemovedWithTheirMessages) {
   DialogRun r = runLayer(
       "expect 10367 disabled\nclick 10339\nclick 10366\n"
-      "expect-box \"Dichtung 10 x 3 - EPDM\\nEPDM\\nEinstellungen gespeichert\"\n"
-      "expect 10367 enabled\nclick 10367\nexpect-box \"Dichtung 10 x 3 - EPDM\\nVoreinstellungen entfernt\"\n"
+      "expect-box \"Dichtung 10 x 3\\nEPDM\\nEinstellungen gespeichert\"\n"
+      "expect 10367 enabled\nclick 10367\nexpect-box \"Dichtung 10 x 3\\nVoreinstellungen entfernt\"\n"
       "expect 10367 disabled\nok\n",
       false, L"30");
   EXPECT_EQ(r.status, 0) << r.err;

@@ -80,7 +80,7 @@ TEST_F(ObjectsTest, ArticleNumbersAreRecordedAndAnEmptyOneRemoves) {
 TEST_F(ObjectsTest, LayerPreparationTakesSystemMaterialAndPresetLayers) {
   ASSERT_TRUE(ZEL::obj_layer_init(m_block.get()));
   EXPECT_EQ(text(L"*QEN_OBJ_LAY*\\KEY3"), CZelString(L"KLOTZ:ALMG3"));
-  EXPECT_EQ(text(L"*QEN_OBJ_LAY*\\LABEL"), CZelString(L"Klotz 30 x 5 - EN AW-5754 (AlMg3)"));
+  EXPECT_EQ(text(L"*QEN_OBJ_LAY*\\LABEL"), CZelString(L"Klotz 30 x 5"));  // the header adds the material
   EXPECT_EQ(text(L"*QEN_OBJ_LAY*\\LAY_SYS\\PART_CON"), CZelString(L"QEN_KONTUR"));
   EXPECT_EQ(text(L"*QEN_OBJ_LAY*\\LAY_MAT\\PART_CON"), CZelString(L"QEN_ALU"));  // inherited from aluminium
   EXPECT_TRUE(text(L"*QEN_OBJ_LAY*\\LAY_MAT\\PART_HID").isEmpty());
