@@ -1,0 +1,110 @@
+// What qen-host does around an entry call: prepares the sections a dialog works on from the
+// object being set, and takes the user's choices back into the object afterwards.
+#include "HostEntryHooks.h"
+
+#include "data/CConfig.h"
+#include "data/CFileLock.h"
+#include "data/CStoreFile.h"
+#include "data/CZelDataDir.h"
+#include "data/ZelDataAccess.h"
+#include "obj/QenDataFiles.h"
+#include "obj/QenObjHatch.h"
+#include "obj/QenObjLayer.h"
+#include "obj/ZelObjKey.h"
+
+#include <memory>
+
+// The layer dialog works on "*QEN_OBJ_LAY*", prepared from the object being set.
+void prepareLayers(HostCall& c) {
+  if (c.object && !c.record.materialMode) ZEL::obj_layer_init(c.object);
+}
+
+// After OK the object takes the assignment the user chose.
+void finishLayers(HostCall& c, int code) {
+  if (code != 1 || !c.object || c.record.materialMode) return;
+  CZelDataItem* lay = ZEL::cfg_get(L"*QEN_OBJ_LAY*");
+  if (!lay || !lay->getDir()) return;
+  for (const wchar_t* k : {L"IS_LAY", L"LAY_OWN", L"LAY_CUR"})
+    if (CZelDataItem* v = lay->getDir()->item(k)) c.object->mkDir()->insert(k, v, true);
+}
+
+// The item dialog takes the object named by --record object=HANDLE; without one, the
+// setting block that the settings describe ("*HZ_KLOTZ*"), as the setting-block dialog's
+// "Artikel..." button hands it over.
+int callItem(HostCall& c) {
+  CZelDataItem* object = c.object ? c.object : ZEL::cfg_get(L"*HZ_KLOTZ*");
+  return qenItemDlgMenu(c.record, object);
+}
+
+// The hatch dialog works on "*QEN_OBJ_HATCH*", prepared from the object being set.
+void prepareHatches(HostCall& c) {
+  if (c.object) ZEL::obj_hatch_init(c.object);
+}
+
+// After OK the object takes the source of each hatch and the pattern, scale and angle of
+// that source, as it is drawn with them.
+void finishHatches(HostCall& c, int code) {
+  if (code != 1 || !c.object) return;
+  CZelDataItem* hatches = ZEL::cfg_get(L"*QEN_OBJ_HATCH*");
+  if (!hatches) return;
+  for (const CZelString& suffix : {CZelString(), CZelString(L"2")}) {
+    int mode = 0;
+    CZelDataKey isHatch(L"IS_HATCH" + suffix);
+    if (!hatches->get(mode, &isHatch)) continue;
+    ZEL::dataItemSet(c.object, &isHatch, mode);
+    const CZelString source = (mode == 0 ? L"HATCH_SYS" : mode == 1 ? L"HATCH_MAT" : L"HATCH_OWN") + suffix;
+    CZelDataKey name = CZelDataKey::fromPath(source + L"\\#2"), scale = CZelDataKey::fromPath(source + L"\\#40"),
+                angle = CZelDataKey::fromPath(source + L"\\#50");
+    CZelString pattern;
+    double value = 0.0;
+    CZelDataKey hpName(L"HPNAME" + suffix), hpScale(L"HPSCALE" + suffix), hpAngle(L"HPANG" + suffix);
+    if (hatches->get(pattern, &name)) ZEL::dataItemSet(c.object, &hpName, pattern);
+    if (hatches->get(value, &scale)) ZEL::dataItemSet(c.object, &hpScale, value);
+    if (hatches->get(value, &angle)) ZEL::dataItemSet(c.object, &hpAngle, value);
+  }
+}
+
+namespace {
+
+// The labeling dialog writes its choices straight into the object; the object as it was
+// before the call is kept so that anything but OK leaves the drawing untouched.
+std::unique_ptr<CZelDataItem>& labelObjectBefore() {
+  static std::unique_ptr<CZelDataItem> before;
+  return before;
+}
+
+// The supplementary list the user saved with "Liste speichern" (here or in another program)
+// joins the one of the settings store: entries the store lacks are added at the end.
+void mergeSavedList(const CZelString& key3) {
+  const std::string file = QEN::dataFileName(L"qen_obj_prop.dex", QEN::kDataFileRead).toUtf8();
+  std::unique_ptr<CZelDataItem> saved;
+  {
+    ZEL::CFileLock lock(file, 15000);
+    if (!lock.isLocked()) return;
+    saved.reset(CStoreFile::load(file));
+  }
+  CZelDataKey inFile;
+  inFile.set(5005, key3.c_str(), 5005, L"TXTLST", 0);
+  CZelArrayTempl<CZelString> fromFile, list;
+  if (!saved || !saved->get(fromFile, &inFile) || fromFile.isEmpty()) return;
+  CZelDataKey inStore;
+  inStore.set(5005, L"*QEN_OBJ_PROP*", 5005, key3.c_str(), 5005, L"TXTLST", 0);
+  if (CZelDataItem* stored = ZEL::cfg_get(inStore)) stored->get(list);
+  const int before = list.count();
+  for (const CZelString& e : fromFile)
+    if (!e.isEmpty() && list.find(e) < 0) list.add(e);
+  if (list.count() != before) ZEL::cfg_set(inStore, ZEL::mkDataItem(ZEL::mkResbuf(list)), true);
+}
+
+}  // namespace
+
+void prepareLabel(HostCall& c) {
+  labelObjectBefore().reset(c.object ? c.object->clone() : nullptr);
+  if (c.object) mergeSavedList(ZEL::objKey(c.object, 3));
+}
+
+void finishLabel(HostCall& c, int code) {
+  if (code != 1 && c.object && labelObjectBefore()) c.object->assign(*labelObjectBefore());
+  labelObjectBefore().reset();
+}
+
