@@ -72,6 +72,8 @@ namespace {
 // An arc's extent: its end points and the quadrant points it passes.
 void addArcExtents(CDisplayExtents& box, double cx, double cy, double r, double a0, double a1) {
   constexpr double kTwoPi = 2.0 * std::numbers::pi;
+  a0 = std::fmod(a0, kTwoPi);
+  if (a0 < 0) a0 += kTwoPi;
   while (a1 < a0) a1 += kTwoPi;
   box.add(cx + r * std::cos(a0), cy + r * std::sin(a0));
   box.add(cx + r * std::cos(a1), cy + r * std::sin(a1));

@@ -1,6 +1,8 @@
 #include "backend/wx/CWxBackend.h"
 
+#include "backend/wx/CWxDialogUnits.h"
 #include "backend/wx/CWxDialogWindow.h"
+#include "backend/wx/CWxGtk.h"
 #include "ui/CDialog.h"
 #include "ui/CMenu.h"
 
@@ -10,8 +12,6 @@
 #include <wx/menu.h>
 #include <wx/utils.h>
 
-#include <dlfcn.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -20,9 +20,7 @@
 namespace {
 
 // GTK's default theme pads buttons, entries and combo boxes for touch screens; dialogs laid
-// out in dialog units need the compact sizes of a desktop dialog. The style sheet is handed
-// to GTK through its own functions, looked up at run time, so that building needs no GTK
-// headers.
+// out in dialog units need the compact sizes of a desktop dialog.
 const char kCompactStyle[] =
     "button, entry, combobox button, spinbutton { min-height: 0; padding-top: 0; padding-bottom: 0; }"
     "button { padding-left: 4px; padding-right: 4px; }"
@@ -31,22 +29,6 @@ const char kCompactStyle[] =
     "checkbutton, radiobutton { padding: 0; min-height: 0; }"
     "notebook tab { padding: 2px 6px; min-height: 0; }"
     "treeview, list { padding: 0; }";
-
-void applyCompactStyle() {
-  using NewProvider = void* (*)();
-  using LoadData = int (*)(void*, const char*, long, void**);
-  using DefaultScreen = void* (*)();
-  using AddProvider = void (*)(void*, void*, unsigned);
-  auto newProvider = reinterpret_cast<NewProvider>(dlsym(RTLD_DEFAULT, "gtk_css_provider_new"));
-  auto load = reinterpret_cast<LoadData>(dlsym(RTLD_DEFAULT, "gtk_css_provider_load_from_data"));
-  auto screen = reinterpret_cast<DefaultScreen>(dlsym(RTLD_DEFAULT, "gdk_screen_get_default"));
-  auto add = reinterpret_cast<AddProvider>(dlsym(RTLD_DEFAULT, "gtk_style_context_add_provider_for_screen"));
-  if (!newProvider || !load || !screen || !add) return;
-  void* provider = newProvider();
-  if (!provider || !load(provider, kCompactStyle, -1, nullptr)) return;
-  constexpr unsigned kApplicationPriority = 600;  // GTK_STYLE_PROVIDER_PRIORITY_APPLICATION
-  add(screen(), provider, kApplicationPriority);
-}
 
 bool hasDisplay() {
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"})
@@ -102,7 +84,12 @@ bool CWxBackend::start() {
                  cond.utf8_str().data(), msg.utf8_str().data());
   });
   wxTheApp->SetExitOnFrameDelete(false);
-  applyCompactStyle();
+  // The standard dialog font becomes every widget's default (see CWxDialogWindow).
+  wxFont font = CWxDialogUnits::standardFont();
+  std::string css = kCompactStyle;
+  css += "* { font-family: \"" + font.GetFaceName().ToStdString() + "\"; font-size: " +
+         std::to_string(font.GetPointSize()) + "pt; }";
+  CWxGtk::addStyleSheet(css);
   started = 1;
   return true;
 }
@@ -124,7 +111,7 @@ void CWxBackend::runModal(CDialog& dialog) {
     if (m_trace)
       m_out << "trace: window " << w.dialog().templateId() << " shown: " << w.GetClientSize().x << "x"
             << w.GetClientSize().y << " pixels, dialog base units " << w.units().baseX() << "x" << w.units().baseY()
-            << ", first paint after " << ms << " ms\n";
+            << ", first paint after " << ms << " ms" << std::endl;
     if (onShown) onShown(w, ms);
   };
   m_stack.push_back(window);

@@ -1,6 +1,7 @@
 #include "backend/wx/CWxButtonMirror.h"
 
 #include "backend/wx/CWxDialogWindow.h"
+#include "backend/wx/CWxGtk.h"
 #include "backend/wx/CWxIcons.h"
 #include "ui/CButton.h"
 #include "ui/CDialog.h"
@@ -62,6 +63,7 @@ wxWindow* CWxButtonMirror::build(wxWindow* parent, const wxRect& rect) {
       break;
     }
   }
+  if (m_shape == Shape::Check || m_shape == Shape::Radio) CWxGtk::ellipsizeLabel(*w);
   return w;
 }
 

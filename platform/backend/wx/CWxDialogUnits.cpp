@@ -33,6 +33,12 @@ wxFont CWxDialogUnits::templateFont(const CDialogTemplate* tpl) {
   return font;
 }
 
+wxFont CWxDialogUnits::standardFont() {
+  wxFont font = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+  font.SetPointSize(8);
+  return font;
+}
+
 wxRect CWxDialogUnits::fromDialogUnits(const CRect& dlu) const {
   int left = x(dlu.left), top = y(dlu.top);
   return wxRect(left, top, x(dlu.left + dlu.right) - left, y(dlu.top + dlu.bottom) - top);

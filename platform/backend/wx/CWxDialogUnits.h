@@ -25,6 +25,9 @@ public:
   // The template's font: its size, and the desktop's user-interface face for the Windows
   // dialog faces, which Linux does not have.
   static wxFont templateFont(const CDialogTemplate* tpl);
+  // The font of nearly every template (the Windows dialog face at 8 points), which the
+  // backend makes the toolkit's default, so that widgets need no font of their own.
+  static wxFont standardFont();
 
   int baseX() const { return m_baseX; }
   int baseY() const { return m_baseY; }

@@ -31,9 +31,11 @@ CWxDialogWindow::CWxDialogWindow(CWxBackend& backend, CDialog& dialog, wxWindow*
     : wxDialog(owner, wxID_ANY, wxString(dialog.GetWindowText().str()), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX),
       m_backend(backend), m_dialog(&dialog) {
-  wxFont font = CWxDialogUnits::templateFont(dialog.dialogTemplate());
-  SetFont(font);
-  m_units = CWxDialogUnits::measure(font, *this);
+  m_font = CWxDialogUnits::templateFont(dialog.dialogTemplate());
+  // Widgets with a font of their own each cost GTK a style sheet; the standard font is the
+  // toolkit's default already.
+  if (m_font != CWxDialogUnits::standardFont()) SetFont(m_font);
+  m_units = CWxDialogUnits::measure(m_font, *this);
   const CRect& dlu = dialog.dialogUnitRect();
   SetClientSize(m_units.x(dlu.right), m_units.y(dlu.bottom));
   // Enter, Escape and the close box are the model's: its dialog manager decides.

@@ -28,6 +28,8 @@ public:
 
   CDialog& dialog() const { return *m_dialog; }
   const CWxDialogUnits& units() const { return m_units; }
+  // The template's font, for the widgets that draw their text themselves (trees, lists).
+  const wxFont& dialogFont() const { return m_font; }
   // The model dialog has closed: from now on nothing of it may be touched.
   void close();
   bool isClosed() const { return m_closed; }
@@ -73,6 +75,7 @@ private:
   CWxBackend& m_backend;
   CDialog* m_dialog;
   CWxDialogUnits m_units;
+  wxFont m_font;
   std::vector<std::unique_ptr<CWxMirror>> m_mirrors;
   std::vector<std::unique_ptr<CWxMirror>> m_detached;
   std::unordered_map<const CWnd*, CWxMirror*> m_index;

@@ -28,6 +28,8 @@ wxWindow* CWxListViewMirror::build(wxWindow* parent, const wxRect& rect) {
   if (style & LVS_EDITLABELS) wxStyle |= wxLC_EDIT_LABELS;
   if (view().GetExtendedStyle() & LVS_EX_GRIDLINES) wxStyle |= wxLC_HRULES | wxLC_VRULES;
   auto* l = new wxListCtrl(parent, wxID_ANY, rect.GetPosition(), rect.GetSize(), wxStyle);
+  // The generic tree and list keep a font of their own unless given the dialog's.
+  l->SetFont(m_window.dialogFont());
   CWnd* control = m_control;
   l->Bind(wxEVT_LIST_ITEM_SELECTED, [this, control](wxListEvent& event) {
     int row = static_cast<int>(event.GetIndex());

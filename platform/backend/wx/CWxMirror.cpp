@@ -44,8 +44,6 @@ std::unique_ptr<CWxMirror> CWxMirror::create(CWnd& control, CWxDialogWindow& win
   }
   m->m_rect = m->placement();
   m->m_native = m->build(parent, m->m_rect);
-  // Composite widgets (trees, lists) do not all take their parent's font by themselves.
-  if (m->m_native) m->m_native->SetFont(window.GetFont());
   m->attach();
   return m;
 }
@@ -99,8 +97,10 @@ void CWxMirror::showText(const wxString& text) { m_native->SetLabel(text); }
 void CWxMirror::sync() {
   if (!m_native) return;
   CWnd& c = *m_control;
+  // A new widget stands where it should, enabled, shown and without a tooltip: only what
+  // differs from that is changed (each change costs GTK a new layout).
   wxRect rect = placement();
-  if (!m_synced || rect != m_rect) {
+  if (rect != m_rect) {
     m_rect = rect;
     m_native->SetSize(rect);
   }
@@ -110,19 +110,19 @@ void CWxMirror::sync() {
     showText(wxString(text));
   }
   bool enabled = c.IsWindowEnabled() != 0;
-  if (!m_synced || enabled != m_enabled) {
+  if (enabled != m_enabled) {
     m_enabled = enabled;
     m_native->Enable(enabled);
   }
   const std::wstring& tip = c.toolTipText().str();
-  if (!m_synced || tip != m_toolTip) {
+  if (tip != m_toolTip) {
     m_toolTip = tip;
     if (tip.empty()) m_native->UnsetToolTip();
     else m_native->SetToolTip(wxString(tip));
   }
   syncState();
   bool shown = c.isShownItself();
-  if (!m_synced || shown != m_shown) {
+  if (shown != m_shown) {
     m_shown = shown;
     m_native->Show(shown);
   }

@@ -33,6 +33,8 @@ wxWindow* CWxTreeMirror::build(wxWindow* parent, const wxRect& rect) {
   long style = wxTR_HIDE_ROOT | wxTR_SINGLE | wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxBORDER_THEME;
   auto* t = new wxTreeCtrl(parent, wxID_ANY, rect.GetPosition(), rect.GetSize(), style);
   if (m_control->GetStyle() & TVS_CHECKBOXES) t->AssignStateImageList(checkImages(t));
+  // The generic tree and list keep a font of their own unless given the dialog's.
+  t->SetFont(m_window.dialogFont());
   CWnd* control = m_control;
   t->Bind(wxEVT_TREE_SEL_CHANGED, [this, control](wxTreeEvent& event) {
     int line = indexOf(event.GetItem());
