@@ -1,7 +1,8 @@
 // qen-host in a window, driven as a person drives it: under a virtual display, synthetic
 // mouse clicks and key strokes (xdotool) choose a radio, type a layer name, answer a message
-// box and fill a sub-dialog; the choices are found in the store qen-host saves, and a
-// screenshot of every dialog on the way is written.
+// box, fill a sub-dialog, change the tab and pick from the preview's context menu; the
+// choices are found in the store qen-host saves, and a screenshot of every dialog on the way
+// is written.
 #include "CVirtualDisplay.h"
 
 #include <gtest/gtest.h>
@@ -173,6 +174,13 @@ TEST_F(WxHostTest, ClicksAndTypingInTheWindowReachTheStoreThroughTheDialog) {
   keys(sub, "Hallo", true);
   keys(sub, "Return");
 
+  click(main, bx, by, 86, 13);  // the second tab, "Verwaltung"
+  sh("xdotool mousemove --sync --window " + main + " " + std::to_string((300 + 46) * bx / 4) + " " +
+     std::to_string((7 + 45) * by / 8) + " click 3");  // a right click on the preview: its menu
+  settle();
+  sh("xdotool key Down Return");  // its first command, "Zoom alles"
+  settle();
+
   click(main, bx, by, 230 + 25, 239 + 7);  // OK
   ASSERT_EQ(finish(), 0) << slurp(m_dir / "log.txt");
   std::string log = slurp(m_dir / "log.txt");
@@ -181,6 +189,8 @@ TEST_F(WxHostTest, ClicksAndTypingInTheWindowReachTheStoreThroughTheDialog) {
   EXPECT_EQ(stored("LAYER"), "\"Achsen2\"") << log;
   EXPECT_EQ(stored("ANSWER"), "6") << log;
   EXPECT_EQ(stored("SUB"), "\"Hallo\"") << log;
+  EXPECT_EQ(stored("MODE"), "\"ADMIN\"") << log;
+  EXPECT_EQ(stored("MENU"), "1") << log;
   EXPECT_EQ(stored("DONE"), "1") << log;
 }
 

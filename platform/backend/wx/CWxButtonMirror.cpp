@@ -102,5 +102,4 @@ void CWxButtonMirror::syncState() {
       break;
     }
   }
-  m_check = check;
 }

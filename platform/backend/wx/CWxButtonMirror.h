@@ -27,5 +27,4 @@ private:
   wxRadioButton* m_noneOfGroup = nullptr;
   bool m_leadsGroup = false;
   UINT m_image = 0;
-  int m_check = -1;
 };
