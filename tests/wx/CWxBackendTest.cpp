@@ -15,6 +15,9 @@
 #include <gtest/gtest.h>
 
 #include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/listctrl.h>
+#include <wx/treectrl.h>
 #include <wx/combobox.h>
 #include <wx/radiobut.h>
 #include <wx/stattext.h>
@@ -142,6 +145,34 @@ TEST_F(CWxBackendTest, AWidgetsClickIsTheNotificationAScriptSends) {
   EXPECT_EQ(testdlg::stored(L"DONE"), "1");
 }
 
+TEST_F(CWxBackendTest, ListsTreesAndChoicesTellTheModelWhatWasPicked) {
+  run([this](CWxDialogWindow& window) {
+    auto* linetype = static_cast<wxChoice*>(widget(window, IDC_LINETYPE));
+    ASSERT_EQ(linetype->GetCount(), 3u);
+    wxCommandEvent pick(wxEVT_CHOICE, linetype->GetId());
+    pick.SetEventObject(linetype);
+    pick.SetInt(2);
+    linetype->ProcessWindowEvent(pick);
+    EXPECT_EQ(testdlg::stored(L"LINETYPE"), "\"CENTER\"");
+
+    // The tree and the list send their events for a selection made through them.
+    auto* tree = static_cast<wxTreeCtrl*>(widget(window, IDC_NORMS));
+    wxTreeItemIdValue cookie;
+    wxTreeItemId normen = tree->GetFirstChild(tree->GetRootItem(), cookie);
+    wxTreeItemId din = tree->GetFirstChild(normen, cookie);
+    ASSERT_TRUE(din.IsOk());
+    tree->SelectItem(din);
+    EXPECT_EQ(testdlg::stored(L"NODE"), "\"Normen/DIN\"");
+
+    auto* texts = static_cast<wxListCtrl*>(widget(window, IDC_TEXTS));
+    ASSERT_EQ(texts->GetItemCount(), 3);
+    EXPECT_EQ(texts->GetItemText(1, 1), "ALU");
+    EXPECT_TRUE(texts->IsItemChecked(0));
+    texts->CheckItem(2, true);
+    EXPECT_EQ(testdlg::stored(L"TEXTBITS"), "5");
+  });
+}
+
 TEST_F(CWxBackendTest, AMessageBoxIsAWindowOfItsOwnOverTheDialog) {
   bool boxShown = false;
   run([&, this](CWxDialogWindow& window) {
@@ -192,3 +223,11 @@ TEST(CWxBackendHelpUrl, AFolderGivesTheTopicsPageAFileTheTopicAsAnchor) {
 }
 
 }  // namespace
+
+TEST(CWxDialogUnits, DialogUnitsArePixelsOfTheFontsAverageLetter) {
+  CWxDialogUnits units(7, 13);
+  EXPECT_EQ(units.fromDialogUnits(CRect(220, 17, 70, 10)), wxRect(385, 28, 123, 16));
+  // The model counts its pixels in base units of 6 x 13.
+  EXPECT_EQ(units.fromModelPixels(CRect(60, 13, 120, 26)), wxRect(70, 13, 70, 13));
+  EXPECT_EQ(units.toModelPixels(wxPoint(70, 13)), wxPoint(60, 13));
+}
