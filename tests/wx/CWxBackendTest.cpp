@@ -173,6 +173,22 @@ TEST_F(CWxBackendTest, ListsTreesAndChoicesTellTheModelWhatWasPicked) {
   });
 }
 
+TEST_F(CWxBackendTest, APageThatLeavesTheModelLeavesTheWindowWithItsControls) {
+  run([this](CWxDialogWindow& window) {
+    CWxMirror* admin = window.mirrorOf(&m_dialog.admin);
+    ASSERT_NE(admin, nullptr);
+    wxWindow* holder = admin->native()->GetParent();
+    ASSERT_EQ(holder->GetChildren().size(), 1u);
+    m_backend->userAction([this] {
+      m_dialog.admin.DestroyWindow();
+      return std::string();
+    });
+    EXPECT_EQ(window.mirrorOf(&m_dialog.admin), nullptr);
+    EXPECT_TRUE(holder->GetChildren().empty()) << "the page's panel and its widgets are gone";
+    EXPECT_NE(widget(window, IDC_WIDTH), nullptr) << "the other page stays";
+  });
+}
+
 TEST_F(CWxBackendTest, AMessageBoxIsAWindowOfItsOwnOverTheDialog) {
   bool boxShown = false;
   run([&, this](CWxDialogWindow& window) {

@@ -9,6 +9,8 @@
 
 #include <wx/dcclient.h>
 
+#include <unordered_set>
+
 namespace {
 
 UINT virtualKey(int wxKey) {
@@ -133,6 +135,16 @@ void CWxDialogWindow::walk(CWnd& parent, CWxMirror* parentMirror, wxWindow* cont
 }
 
 void CWxDialogWindow::buryDetached() {
+  // A page that went took its controls' widgets with it: those are destroyed with the page's.
+  std::unordered_set<wxWindow*> going;
+  for (auto& m : m_detached)
+    if (m->native()) going.insert(m->native());
+  for (auto& m : m_detached) {
+    bool withParent = false;
+    for (wxWindow* p = m->native() ? m->native()->GetParent() : nullptr; p && !withParent; p = p->GetParent())
+      withParent = going.count(p) > 0;
+    if (withParent) m->forgetNative();
+  }
   for (auto& m : m_detached) m->destroyNative();
   m_detached.clear();
 }

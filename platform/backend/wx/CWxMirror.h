@@ -40,6 +40,8 @@ public:
   // The control is gone: the widget goes too (not in the destructor, which also runs when
   // the whole window is being destroyed with its widgets).
   void destroyNative();
+  // The widget is destroyed with a parent widget: only the pointer goes.
+  void forgetNative() { m_native = nullptr; }
   // The control has left the model: the widget is hidden and ignores the user until it goes.
   void detach();
   bool isDetached() const { return m_detached; }
