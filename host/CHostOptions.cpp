@@ -6,7 +6,7 @@ const char* CHostOptions::usage() {
   return "usage:\n"
          "  qen-host run ENTRY [--store FILE] [--drawing FILE] [--country CODE] [--script FILE] [--out FILE]\n"
          "                     [--drawing-out FILE] [--record NAME=VALUE]... [--projections N]\n"
-         "                     [--editing] [--sheared] [--trace] [--gui]\n"
+         "                     [--editing] [--sheared] [--trace] [--gui | --headless]\n"
          "  qen-host list\n"
          "  qen-host init --store FILE\n"
          "  qen-host store FILE get KEY | set KEY JSON | remove KEY | check\n";
@@ -72,6 +72,7 @@ bool CHostOptions::parse(int argc, char** argv, std::string& error) {
     else if (a == "--sheared") sheared = true;
     else if (a == "--trace") trace = true;
     else if (a == "--gui") gui = true;
+    else if (a == "--headless") headless = true;
     else {
       error = "unknown option \"" + a + "\"";
       return false;

@@ -19,7 +19,8 @@ struct CHostOptions {
   bool editing = false;
   bool sheared = false;
   bool trace = false;
-  bool gui = false;
+  bool gui = false;       // a window, or exit 2 when none can be shown
+  bool headless = false;  // no window even with a display
   std::vector<std::string> rest;  // store FILE VERB ARGS
 
   // False with `error` set when the arguments are not understood.

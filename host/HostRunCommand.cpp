@@ -11,6 +11,9 @@
 #include "data/ZelFactorySettings.h"
 #include "backend/CDialogScript.h"
 #include "backend/CScriptBackend.h"
+#ifdef QEN_WITH_WX
+#include "backend/wx/CWxBackend.h"
+#endif
 
 #include <cstdlib>
 #include <filesystem>
@@ -101,7 +104,17 @@ int hostRun(const CHostOptions& options) {
   const HostEntry* entry = findHostEntry(options.entry);
   if (!entry) return fail("unknown entry \"" + options.entry + "\"; qen-host list shows them");
   if (!entry->call) return fail(std::string(entry->function) + " (" + entry->objectType + "): this dialog does not exist yet");
-  if (options.gui) return fail("--gui: windows are not available in this build yet");
+  if (options.gui && options.headless) return fail("--gui and --headless exclude each other");
+  if (options.gui && !options.script.empty()) return fail("--gui and --script exclude each other: a script answers the dialogs itself");
+
+  // A window when asked for, and by default when there is a display and no script.
+  bool window = false;
+#ifdef QEN_WITH_WX
+  if (options.gui && !CWxBackend::start()) return fail("--gui: no display to show a window on (DISPLAY is not set or cannot be opened)");
+  window = options.gui || (options.script.empty() && !options.headless && CWxBackend::start());
+#else
+  if (options.gui) return fail("--gui: this qen-host is built without windows");
+#endif
 
   // Without a script and without windows nobody can answer the dialog: it runs with an empty
   // script, which cancels it as soon as it has opened, so the run still shows what opening
@@ -109,7 +122,7 @@ int hostRun(const CHostOptions& options) {
   CDialogScript script;
   std::string scriptError;
   if (!options.script.empty() && !CDialogScript::load(options.script, script, scriptError)) return fail(scriptError);
-  if (options.script.empty())
+  if (options.script.empty() && !window)
     std::cerr << "qen-host: no --script and no window: the dialog is cancelled as soon as it opens\n";
 
   std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
@@ -145,6 +158,13 @@ int hostRun(const CHostOptions& options) {
   if (entry->prepare) entry->prepare(call);
   CScriptBackend backend(std::move(script), std::cout, std::cerr, options.trace);
   int code = 0;
+#ifdef QEN_WITH_WX
+  if (window) {
+    CWxBackend windows(std::cout, std::cerr, options.trace);
+    CDialogBackendScope scope(windows);
+    code = entry->call(call);
+  } else
+#endif
   {
     CDialogBackendScope scope(backend);
     code = entry->call(call);

@@ -1,6 +1,7 @@
 #include "backend/CDialogBackend.h"
 
 #include "backend/CScriptBackend.h"
+#include "data/ZelCommandLine.h"
 
 #include <iostream>
 
@@ -22,4 +23,8 @@ CDialogBackend* CDialogBackend::install(CDialogBackend* backend) {
   CDialogBackend* previous = installed();
   installed() = backend;
   return previous;
+}
+
+void CDialogBackend::showHelp(const CZelString& file, const CZelString& topic) {
+  ZEL::cmdPrint(CZelString(L"help: ") + file + L" (" + topic + L")");
 }

@@ -3,6 +3,7 @@
 // backend reads them from a dialog script; a window backend will take them from a screen.
 #pragma once
 
+#include "data/CZelString.h"
 #include "ui/WinStructs.h"
 
 #include <string>
@@ -25,6 +26,9 @@ public:
   virtual void dialogClosed(CDialog& dialog) {}
   // A dialog could not be run (a missing template or control); DoModal returns -1.
   virtual void dialogFailed(CDialog& dialog, const std::string& message) {}
+  // The help button: opens the help file at a topic. Without a window nobody could read it,
+  // so the default only reports the request on the command line.
+  virtual void showHelp(const CZelString& file, const CZelString& topic);
 
   // The backend in charge; without one installed, dialogs are cancelled as soon as they
   // open and message boxes take their first button.

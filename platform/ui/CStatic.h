@@ -1,7 +1,9 @@
 // Statics of the model: text, icon, group box and frame. A frame is where a preview is
-// drawn: it keeps a description of what was drawn last, for scripts and tests to read.
+// drawn: it keeps the display list drawn last, which a window shows zoomed to its extents,
+// and a description of it for scripts and tests to read.
 #pragma once
 
+#include "ui/CDisplayList.h"
 #include "ui/CWnd.h"
 
 class CStatic : public CWnd {
@@ -13,6 +15,9 @@ public:
   // The preview's drawing, as the drawing code describes it, and a repaint.
   void setPicture(const CZelString& description);
   const CZelString& picture() const { return m_picture; }
+  // The preview's display list, and a repaint.
+  void setDisplayList(CDisplayList list);
+  const CDisplayList& displayList() const { return m_displayList; }
   bool notifies() const { return (m_style & SS_NOTIFY) != 0; }
 
 protected:
@@ -21,4 +26,5 @@ protected:
 
 private:
   CZelString m_picture;
+  CDisplayList m_displayList;
 };

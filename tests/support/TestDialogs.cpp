@@ -1,5 +1,6 @@
 #include "tests/support/TestDialogs.h"
 
+#include "backend/CDialogBackend.h"
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/ZelDataAccess.h"
@@ -132,6 +133,7 @@ const CMessageMapEntry CTestMainDlg::kEntries[] = {
   msgmap::word(IDC_HATCHED, BN_CLICKED, L"hatch_m"),
   msgmap::word(IDC_ASK, BN_CLICKED, L"ask"),
   msgmap::word(IDC_SUB, BN_CLICKED, L"sub"),
+  msgmap::word(IDC_HELP, BN_CLICKED, L"help"),
   msgmap::word(IDC_LAYER_NAME, CBN_SELCHANGE, L"layer_select"),
   msgmap::word(IDC_LAYER_NAME, CBN_KILLFOCUS, L"layer_commit"),
   msgmap::word(IDC_LINETYPE, CBN_SELCHANGE, L"linetype"),
@@ -227,6 +229,8 @@ void CTestMainDlg::command(const CZelString& word) {
   } else if (word == L"ask") {
     int answer = MessageBox(L"Einstellungen speichern?\nJa oder Nein", L"QENORA", MB_YESNO | MB_ICONQUESTION);
     storeInt(L"ANSWER", answer);
+  } else if (word == L"help") {
+    CDialogBackend::current().showHelp(helpFile, helpTopic);
   } else if (word == L"sub") {
     CTestSubDlg sub(this);
     if (sub.DoModal() == IDOK) storeString(L"SUB", sub.text);

@@ -70,8 +70,8 @@ public:
   explicit CTestMainDlg(CWnd* parent = nullptr) : CDialog(IDD_TEST_MAIN, parent) {}
 
   void SetCountry(const CZelString&) override {}
-  void SetHelpFile(const CZelString&) override {}
-  void SetHelpTopic(const CZelString&) override {}
+  void SetHelpFile(const CZelString& file) override { helpFile = file; }
+  void SetHelpTopic(const CZelString& topic) override { helpTopic = topic; }
   INT_PTR DoModal() override { return CDialog::DoModal(); }
 
   BOOL OnInitDialog() override;
@@ -83,6 +83,8 @@ public:
   int refreshCount = 0;
   int refreshesBeforePages = 0;
   CZelDataItem* objectItem = nullptr;
+  CZelString helpFile;
+  CZelString helpTopic = L"qen_test";
 
   const CMessageMap* GetMessageMap() const override { return &kMessageMap; }
   static const CMessageMap kMessageMap;

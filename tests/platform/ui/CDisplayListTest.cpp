@@ -1,0 +1,26 @@
+// The preview's display list: the box around what it draws, arcs and bulged segments by
+// their full extent.
+#include "ui/CDisplayList.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(CDisplayListExtents, ArcsAndBulgesCountWithTheirFullExtent) {
+  CDisplayList list;
+  list.addArc(0, 0, 10, 0, 3.14159265358979 / 2, CZelColor::fromIndex(1));
+  CDisplayExtents box = list.extents();
+  EXPECT_NEAR(box.maxX, 10, 1e-9);
+  EXPECT_NEAR(box.maxY, 10, 1e-9);
+  EXPECT_NEAR(box.minX, 0, 1e-9);
+  CDisplayList half;
+  CZelVertexArray v;
+  v.add(0, 0, 1.0);  // a half circle from (0,0) to (10,0)
+  v.add(10, 0);
+  half.addPolyline(v, false, CZelColor::fromIndex(1));
+  CDisplayExtents b = half.extents();
+  EXPECT_NEAR(b.minY, -5, 1e-9) << "a bulge of 1 turns counter-clockwise: below the chord";
+  EXPECT_NEAR(b.maxY, 0, 1e-9);
+}
+
+}  // namespace
