@@ -1,5 +1,6 @@
 #include "ui/ZelHelp.h"
 
+#include "backend/CDialogBackend.h"
 #include "data/ZelDataFiles.h"
 
 namespace ZEL {
@@ -26,7 +27,9 @@ bool help_find(const wchar_t* addOn, CZelString& file) {
 bool help_show(const CZelString& file, const CZelString& topic) {
   if (file.isEmpty()) return false;
   lastShown() = file + L"#" + topic;
+  // The backend in charge shows it: a window backend opens the viewer, a script notes it.
   if (viewer()) viewer()(file, topic);
+  else CDialogBackend::current().showHelp(file, topic);
   return true;
 }
 

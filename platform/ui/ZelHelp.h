@@ -1,6 +1,6 @@
 // Help topics: which help file a dialog opens, and the viewer that shows a topic. On this
-// platform a help file is an HTML folder or file; the host or the window backend installs
-// the viewer, and without one the request is only remembered (scripts and tests read it).
+// platform a help file is an HTML folder or file; the backend in charge shows the topic
+// (a window backend opens the viewer), unless a viewer of its own is installed.
 #pragma once
 
 #include "data/CZelString.h"
