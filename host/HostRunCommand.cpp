@@ -7,6 +7,7 @@
 #include "data/CStoreFile.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelCommandLine.h"
+#include "data/ZelDataAccess.h"
 #include "data/ZelDataFiles.h"
 #include "data/ZelFactorySettings.h"
 #include "backend/CDialogScript.h"
@@ -143,7 +144,17 @@ int hostRun(const CHostOptions& options) {
 
   qenDlgEnv_st record;
   record.unit = static_cast<Zel::lUnit>(drawing.insUnits);
-  if (!options.country.empty()) record.country = CZelString::fromUtf8(options.country);
+  // The user's country is the store's "_COUNTRY"; --country changes it for this run only.
+  std::unique_ptr<CZelDataItem> storedCountry;
+  if (CZelDataItem* c = ZEL::cfg_get(L"_COUNTRY")) {
+    storedCountry.reset(c->clone());
+    CZelString code;
+    if (c->get(code) && !code.isEmpty()) record.country = code;
+  }
+  if (!options.country.empty()) {
+    record.country = CZelString::fromUtf8(options.country);
+    ZEL::cfg_set(L"_COUNTRY", ZEL::mkDataItem(ZEL::mkResbuf(record.country.c_str())), true);
+  }
   for (const auto& [name, value] : options.records)
     if (!applyRecord(record, name, value, error)) return fail("--record " + name + ": " + error);
 
@@ -176,6 +187,10 @@ int hostRun(const CHostOptions& options) {
   int scriptStatus = backend.finish();
   std::cout << "end code: " << code << "\n";
 
+  if (!options.country.empty()) {
+    if (storedCountry) ZEL::cfg_set(L"_COUNTRY", storedCountry.release(), true);
+    else ZEL::cfg_remove(L"_COUNTRY");
+  }
   const std::string& outPath = options.out.empty() ? storePath : options.out;
   if (!cfg->saveToFile(outPath)) return fail(ZEL::lastFileError());
   if (!options.drawingOut.empty() && !drawing.save(options.drawingOut)) return fail(ZEL::lastFileError());

@@ -5,16 +5,24 @@
 #include "data/CZelDataDir.h"
 #include "data/CZelMatMgr.h"
 #include "data/ZelDataAccess.h"
+#include "data/ZelMessages.h"
 #include "obj/ZelObjKey.h"
 #include "obj/ZelObjLabel.h"
 #include "obj/ZelObjProps.h"
 
 namespace {
 
-// The roles of an object's geometry that get a layer, with their German labels.
-const std::pair<const wchar_t*, const wchar_t*> kLogicalLayers[] = {
-    {L"PART_CON", L"Ausgezogen"}, {L"PART_HID", L"Verdeckte Linien"}, {L"PART_CEN", L"Achslinien"},
-    {L"PART_FILL", L"Füllung/Schraffur"}, {L"PART_SOLID", L"Volumenkörper"}};
+// The roles of an object's geometry that get a layer, with the text keys and German
+// defaults of their labels.
+struct LogicalLayer {
+  const wchar_t* key;
+  const wchar_t* textKey;
+  const wchar_t* label;
+};
+constexpr LogicalLayer kLogicalLayers[] = {
+    {L"PART_CON", L"QEN_MAT005", L"Ausgezogen"},     {L"PART_HID", L"QEN_MAT006", L"Verdeckte Linien"},
+    {L"PART_CEN", L"QEN_MAT007", L"Achslinien"},     {L"PART_FILL", L"QEN_MAT019", L"Füllung/Schraffur"},
+    {L"PART_SOLID", L"QEN_MAT008", L"Volumenkörper"}};
 
 // The name member (group code 2) of an assignment in "*ZEL_LAYER*".
 CZelString assignment(const CZelString& path) {
@@ -59,8 +67,9 @@ bool obj_layer_init(const CZelDataItem* object) {
   set(L"LABEL", obj_label(object, L"-1", ObjLabelMaterial::Without));
   set(L"MAT", material);
   set(L"KEY3", key3);
-  for (const auto& [logical, label] : kLogicalLayers) {
-    set(CZelString(L"LAY_LOG\\") + logical, label);
+  const CZelString country = CZelMatMgr::userCountry();
+  for (const auto& [logical, textKey, label] : kLogicalLayers) {
+    set(CZelString(L"LAY_LOG\\") + logical, msgText(textKey, label, country.c_str()));
     CZelString system = assignment(CZelString(L"*ZEL_LAYER*\\SYSTEM\\") + logical);
     set(CZelString(L"LAY_SYS\\") + logical, system);
     set(CZelString(L"LAY_MAT\\") + logical, materialAssignment(material, logical));
@@ -75,7 +84,7 @@ bool obj_layer_init(const CZelDataItem* object) {
   dataItemSet(&lay, &isLay, mode);
   CZelString current;
   CZelDataKey cur(L"LAY_CUR");
-  if (!object->get(current, &cur)) current = kLogicalLayers[0].first;
+  if (!object->get(current, &cur)) current = kLogicalLayers[0].key;
   dataItemSet(&lay, &cur, current);
   return cfg_set(CZelDataKey(L"*QEN_OBJ_LAY*"), &lay, false);
 }

@@ -3,13 +3,23 @@
 #pragma once
 
 #include "data/CZelColor.h"
+#include "ui/CDisplayList.h"
 #include "ui/CStatic.h"
 
 class CZelPicture : public CStatic {
 public:
+  // The swatch is painted as one filled area in the colour.
   void setColor(const CZelColor& color) {
     m_color = color;
-    Invalidate();
+    CDisplayList swatch;
+    // Twice as wide as high, as the swatches of the templates are.
+    CZelVertexArray area;
+    area.add(0, 0);
+    area.add(2, 0);
+    area.add(2, 1);
+    area.add(0, 1);
+    swatch.addFill(area, color);
+    setDisplayList(swatch);
   }
   const CZelColor& color() const { return m_color; }
 
