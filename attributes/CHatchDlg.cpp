@@ -151,7 +151,9 @@ bool CHatchDlg::refresh() {
 
   tools.showRadios(*this, IDC_HATCH_SYSTEM, IDC_HATCH_MATERIAL, IDC_HATCH_OWN, current, IDC_HATCH_ASSIGN, true);
   tools.showDetails(*this, kUpperArea, m_pattern, patterns, m_angle, angle, m_scale, scale, current, pattern, current == 2);
-  m_preview.setPicture(ZEL::hatchPreview(pattern, std::isfinite(scale) ? scale : 1.0, std::isfinite(angle) ? angle : 0.0));
+  const double shownScale = std::isfinite(scale) ? scale : 1.0, shownAngle = std::isfinite(angle) ? angle : 0.0;
+  m_preview.setPicture(ZEL::hatchPreview(pattern, shownScale, shownAngle));
+  m_preview.setDisplayList(ZEL::hatchPreviewList(pattern, shownScale, shownAngle));
 
   if (material.isEmpty() || material.match(L"SYSTEM")) GetDlgItem(IDC_HATCH_MATERIAL)->EnableWindow(FALSE);
   bool fellBack = false;

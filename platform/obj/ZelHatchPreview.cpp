@@ -62,3 +62,30 @@ CZelString hatchPreview(const CZelString& pattern, double scale, double angle) {
 }
 
 }  // namespace ZEL
+
+namespace ZEL {
+
+CDisplayList hatchPreviewList(const CZelString& pattern, double scale, double angle) {
+  CDisplayList list;
+  CZelVertexArray square;
+  square.add(0, 0);
+  square.add(40, 0);
+  square.add(40, 40);
+  square.add(0, 40);
+  const CZelColor ink = CZelColor::fromIndex(7);
+  list.addPolyline(square, true, ink);
+  if (pattern.isEmpty()) return list;
+  if (pattern.match(L"SOLID")) {
+    list.addFill(square, ink);
+    return list;
+  }
+  for (const PatternLines& p : kPatterns) {
+    if (!pattern.match(p.name)) continue;
+    for (int i = 0; i < p.count; ++i)
+      list.addHatch(square, p.families[i].angle * std::numbers::pi / 180.0 + angle,
+                    p.families[i].spacing * (std::abs(scale) > 0 ? std::abs(scale) : 1.0), ink);
+  }
+  return list;
+}
+
+}  // namespace ZEL

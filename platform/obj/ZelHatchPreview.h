@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/CZelString.h"
+#include "ui/CDisplayList.h"
 
 namespace ZEL {
 
@@ -10,5 +11,8 @@ namespace ZEL {
 // is a solid fill; a pattern whose line families the preview does not know is drawn as its
 // name in an empty frame, and no pattern at all as an empty frame.
 CZelString hatchPreview(const CZelString& pattern, double scale, double angle);
+// The same as a picture: a 40 × 40 mm square, filled, hatched with the pattern's line
+// families (dashed ones drawn through), or only outlined for an unknown pattern.
+CDisplayList hatchPreviewList(const CZelString& pattern, double scale, double angle);
 
 }  // namespace ZEL

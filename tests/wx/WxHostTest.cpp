@@ -19,6 +19,7 @@
 #include <string>
 #include <sys/wait.h>
 #include <thread>
+#include <vector>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -63,7 +64,10 @@ protected:
   }
 
   // qen-host-test run KLOTZ in a window, its output in log.txt.
-  void start() {
+  void start() { startWith({"KLOTZ"}); }
+
+  // qen-host-test run ARGS… in a window, with the store of the test.
+  void startWith(const std::vector<std::string>& args) {
     m_pid = fork();
     ASSERT_GE(m_pid, 0);
     if (m_pid == 0) {
@@ -71,8 +75,16 @@ protected:
       std::freopen(log.c_str(), "w", stdout);
       std::freopen(log.c_str(), "a", stderr);
       std::string store = (m_dir / "store.json").string(), out = (m_dir / "out.json").string();
-      execl(QEN_HOST_TEST_EXE, QEN_HOST_TEST_EXE, "run", "KLOTZ", "--gui", "--trace", "--store", store.c_str(), "--out",
-            out.c_str(), static_cast<char*>(nullptr));
+      std::vector<std::string> all = {QEN_HOST_TEST_EXE, "run"};
+      all.insert(all.end(), args.begin(), args.end());
+      for (const char* a : {"--gui", "--trace", "--store"}) all.emplace_back(a);
+      all.push_back(store);
+      all.emplace_back("--out");
+      all.push_back(out);
+      std::vector<char*> argv;
+      for (auto& a : all) argv.push_back(a.data());
+      argv.push_back(nullptr);
+      execv(QEN_HOST_TEST_EXE, argv.data());
       _exit(127);
     }
   }
@@ -192,6 +204,68 @@ TEST_F(WxHostTest, ClicksAndTypingInTheWindowReachTheStoreThroughTheDialog) {
   EXPECT_EQ(stored("MODE"), "\"ADMIN\"") << log;
   EXPECT_EQ(stored("MENU"), "1") << log;
   EXPECT_EQ(stored("DONE"), "1") << log;
+}
+
+// The layer dialog in a window: "Spezifisch" clicked, a new layer name typed; the store and
+// the drawing that qen-host saves hold the choice and the new layer.
+TEST_F(WxHostTest, TheLayerDialogTakesAClickAndATypedLayerName) {
+  const std::string drawingOut = (m_dir / "drawing.json").string();
+  startWith({"LAYER", "--drawing", QEN_SOURCE_DIR "/tests/scripts/drawings/facade.json", "--record", "object=30",
+             "--drawing-out", drawingOut});
+  std::string main = window("<Layerzuordnung>");
+  ASSERT_FALSE(main.empty()) << slurp(m_dir / "log.txt");
+  int bx = 0, by = 0;
+  ASSERT_TRUE(baseUnits(10108, bx, by));
+  settle();
+  screenshot(main, "layer");
+  click(main, bx, by, 200, 57);   // radio "Spezifisch"
+  click(main, bx, by, 150, 89);   // into the name field
+  keys(main, "ctrl+a");
+  keys(main, "Fenster innen", true);
+  keys(main, "Tab");              // leaving the field commits the name
+  click(main, bx, by, 204, 231);  // OK
+  ASSERT_EQ(finish(), 0) << slurp(m_dir / "log.txt");
+  EXPECT_NE(slurp(m_dir / "log.txt").find("end code: 1"), std::string::npos) << slurp(m_dir / "log.txt");
+  std::string own = sh(std::string(QEN_HOST_TEST_EXE) + " store " + (m_dir / "out.json").string() +
+                       " get '*QEN_OBJ_LAY*\\LAY_OWN\\PART_CON'");
+  EXPECT_EQ(own, "\"Fenster innen\"\n");
+  std::string mode = sh(std::string(QEN_HOST_TEST_EXE) + " store " + (m_dir / "out.json").string() + " get '*QEN_OBJ_LAY*\\IS_LAY'");
+  EXPECT_EQ(mode, "2\n");
+  EXPECT_NE(slurp(drawingOut).find("\"Fenster innen\""), std::string::npos);
+}
+
+// Every dialog of the module that exists opens in a window, and a screenshot is written.
+TEST_F(WxHostTest, EveryDialogOpensInAWindow) {
+  struct Case {
+    std::vector<std::string> args;
+    const char* title;
+  };
+  const std::string drawings = QEN_SOURCE_DIR "/tests/scripts/drawings/";
+  const Case cases[] = {
+      {{"LAYER", "--drawing", drawings + "facade.json", "--record", "object=2F"}, "<Layerzuordnung>"},
+      {{"LAYER", "--record", "material-mode=1"}, "<Layerzuordnung>"},
+      {{"ITEM", "--drawing", drawings + "item.json", "--record", "object=2F"}, "Artikel"},
+      {{"HATCH", "--drawing", drawings + "facade_hatch.json"}, ""},
+      {{"LABEL", "--drawing", drawings + "labels.json", "--record", "object=4A"}, ""},
+  };
+  int n = 0;
+  for (const Case& c : cases) {
+    startWith(c.args);
+    std::string id;
+    for (int i = 0; i < 100 && id.empty(); ++i) {
+      id = sh("xdotool search --onlyvisible --pid " + std::to_string(m_pid) + " 2>/dev/null | head -1");
+      while (!id.empty() && (id.back() == '\n' || id.back() == '\r')) id.pop_back();
+      if (id.empty()) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    ASSERT_FALSE(id.empty()) << c.args[0] << ": no window\n" << slurp(m_dir / "log.txt");
+    settle();
+    if (*c.title) {
+      EXPECT_EQ(id, window(c.title)) << c.args[0];
+    }
+    screenshot(id, "entry_" + std::to_string(n++) + "_" + c.args[0]);
+    keys(id, "Escape");
+    EXPECT_EQ(finish(), 0) << c.args[0] << "\n" << slurp(m_dir / "log.txt");
+  }
 }
 
 TEST_F(WxHostTest, TheCloseBoxAndEscapeCancelAsTheDialogsCancelButton) {
