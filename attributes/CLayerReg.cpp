@@ -441,7 +441,7 @@ void CLayerReg::showMaterialChain(const CZelString& material, const CZelArrayTem
   for (int i = 0; i < 3; ++i) {
     CWnd* w = GetDlgItem(pieces[i]);
     w->SetWindowText(texts[i]);
-    int width = texts[i].len() * unit.Width() / 4;
+    int width = texts[i].len() * unit.Width();  // 4 dialog units are one average character
     w->MoveWindow(x, 15, width, unit.Height());
     w->ShowWindow(SW_SHOW);
     x += width;
