@@ -28,3 +28,28 @@ CDialogBackend* CDialogBackend::install(CDialogBackend* backend) {
 void CDialogBackend::showHelp(const CZelString& file, const CZelString& topic) {
   ZEL::cmdPrint(CZelString(L"help: ") + file + L" (" + topic + L")");
 }
+
+namespace {
+CDialogBackend::ClipboardCopy& clipboardRecord() {
+  static CDialogBackend::ClipboardCopy copy;
+  return copy;
+}
+}  // namespace
+
+bool CDialogBackend::copyToClipboard(const CDisplayList& picture, int width, int height) {
+  recordClipboardCopy(picture, width, height);
+  ZEL::cmdPrint(L"clipboard: preview copied (" + CZelString(std::to_wstring(width)) + L" x " +
+                CZelString(std::to_wstring(height)) + L" pixels, " + CZelString(std::to_wstring(picture.items().size())) +
+                L" elements)");
+  return true;
+}
+
+void CDialogBackend::recordClipboardCopy(const CDisplayList& picture, int width, int height) {
+  ClipboardCopy& copy = clipboardRecord();
+  copy.picture = picture;
+  copy.width = width;
+  copy.height = height;
+  ++copy.count;
+}
+
+const CDialogBackend::ClipboardCopy& CDialogBackend::lastClipboardCopy() { return clipboardRecord(); }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "data/CZelString.h"
+#include "ui/CDisplayList.h"
 #include "ui/WinStructs.h"
 
 #include <string>
@@ -29,12 +30,26 @@ public:
   // The help button: opens the help file at a topic. Without a window nobody could read it,
   // so the default only reports the request on the command line.
   virtual void showHelp(const CZelString& file, const CZelString& topic);
+  // A preview copied to the clipboard as a picture of the given size in pixels. Without a
+  // screen there is no clipboard: the copy is only recorded (see lastClipboardCopy).
+  virtual bool copyToClipboard(const CDisplayList& picture, int width, int height);
+
+  struct ClipboardCopy {
+    CDisplayList picture;
+    int width = 0;
+    int height = 0;
+    int count = 0;  // copies made so far in this process
+  };
+  static const ClipboardCopy& lastClipboardCopy();
 
   // The backend in charge; without one installed, dialogs are cancelled as soon as they
   // open and message boxes take their first button.
   static CDialogBackend& current();
   // Puts a backend in charge (none: the default again); returns the one before.
   static CDialogBackend* install(CDialogBackend* backend);
+
+protected:
+  static void recordClipboardCopy(const CDisplayList& picture, int width, int height);
 };
 
 // Puts a backend in charge for a scope.

@@ -62,6 +62,8 @@ int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) 
   return 1;
 }
 
+CZelColor CZelApp::backgroundColor() const { return CZelColor::fromIndex(CZelDrawing::current().background); }
+
 CZelMapTempl<CZelString, CZelString> CZelApp::hatchPatterns() const {
   CZelMapTempl<CZelString, CZelString> patterns;
   for (const auto& [name, description] : CZelDrawing::current().hatchPatterns) patterns[name] = description;

@@ -49,6 +49,9 @@ public:
   void layerList(CZelArrayTempl<CLayerProp>& out) const;
   void setHostLayers(std::vector<CLayerProp> layers) { m_hostLayers = std::move(layers); }
 
+  // The colour the drawing is shown on (the previews' background).
+  CZelColor backgroundColor() const;
+
   // The hatch patterns the drawing knows: pattern name -> description.
   CZelMapTempl<CZelString, CZelString> hatchPatterns() const;
 

@@ -359,9 +359,8 @@ CZelString grpLabel(const CZelDataItem* object, const wchar_t* country, bool wit
   return dims.isEmpty() ? label : label + L" " + txtToRTF(dims);
 }
 
-bool objGen(CZelDataItem* object, int what) {
+bool objGenTexts(CZelDataItem* object) {
   if (!object) return false;
-  if (!(what & kObjGenTexts)) return true;
   const CZelString type = typeOf(object);
   CZelArrayTempl<int> sequence;
   objTxtSequ(sequence, type, object);

@@ -7,6 +7,7 @@
 #include "data/CZelDataItem.h"
 #include "data/CZelMapTempl.h"
 #include "data/CZelString.h"
+#include "obj/ZelObjGen.h"
 #include "data/ZelUnits.h"
 
 namespace ZEL {
@@ -52,9 +53,8 @@ CZelString txtToRTF(const CZelString& text);
 // The label of an object's group: type label and, `withDims`, its dimensions ("Klotz 30 x 5").
 CZelString grpLabel(const CZelDataItem* object, const wchar_t* country, bool withDims);
 
-// Regenerates parts of an object's data; kObjGenTexts resets its label texts (TXTGEN,
-// TXTSEQU, TXTLINE) to their defaults. False for no object.
-inline constexpr int kObjGenTexts = 2;
-bool objGen(CZelDataItem* object, int what);
+// Resets an object's label texts (TXTGEN, TXTSEQU, TXTLINE) to their defaults. False for
+// no object.
+bool objGenTexts(CZelDataItem* object);
 
 }  // namespace ZEL

@@ -35,3 +35,15 @@ CZelString objTypeLabel(const CZelString& type, const wchar_t* country) {
 }
 
 }  // namespace ZEL
+
+#include "data/CZelDrawing.h"
+
+namespace ZEL {
+
+bool isSheared(const CZelString& type) {
+  for (const CZelString& t : CZelDrawing::current().sheared)
+    if (t.match(type)) return true;
+  return false;
+}
+
+}  // namespace ZEL

@@ -19,3 +19,11 @@ const ObjTypeInfo* objTypeInfo(const CZelString& type);
 CZelString objTypeLabel(const CZelString& type, const wchar_t* country);
 
 }  // namespace ZEL
+
+namespace ZEL {
+
+// Whether the drawing shows objects of the type sheared (the edited object is then drawn
+// distorted, and the dialogs say so).
+bool isSheared(const CZelString& type);
+
+}  // namespace ZEL

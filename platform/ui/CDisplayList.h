@@ -12,6 +12,7 @@ struct CDisplayExtents {
   double minX = 0.0, minY = 0.0, maxX = 0.0, maxY = 0.0;
   bool empty = true;
   void add(double x, double y);
+  friend bool operator==(const CDisplayExtents&, const CDisplayExtents&) = default;
 };
 
 class CDisplayList {
@@ -41,6 +42,8 @@ public:
   CDisplayExtents extents() const;
 
   CZelColor background = CZelColor::fromRgb(255, 255, 255);
+  // The part of the drawing the picture shows; empty: everything drawn (zoomed to extents).
+  CDisplayExtents view;
   friend bool operator==(const CDisplayList&, const CDisplayList&) = default;
 
 private:

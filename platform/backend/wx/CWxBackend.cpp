@@ -3,10 +3,14 @@
 #include "backend/wx/CWxDialogUnits.h"
 #include "backend/wx/CWxDialogWindow.h"
 #include "backend/wx/CWxGtk.h"
+#include "backend/wx/CWxPreviewPainter.h"
 #include "ui/CDialog.h"
 #include "ui/CMenu.h"
 
 #include <wx/app.h>
+#include <wx/bitmap.h>
+#include <wx/clipbrd.h>
+#include <wx/dcmemory.h>
 #include <wx/init.h>
 #include <wx/log.h>
 #include <wx/menu.h>
@@ -172,4 +176,23 @@ void CWxBackend::showHelp(const CZelString& file, const CZelString& topic) {
   if (m_trace) m_out << "trace: help " << url << "\n";
   const char* argv[] = {m_helpViewer.c_str(), url.c_str(), nullptr};
   if (wxExecute(argv, wxEXEC_ASYNC) <= 0) m_err << "help: " << m_helpViewer << " could not be started for " << url << "\n";
+}
+
+bool CWxBackend::copyToClipboard(const CDisplayList& picture, int width, int height) {
+  recordClipboardCopy(picture, width, height);
+  if (width <= 0 || height <= 0) return false;
+  wxBitmap bitmap(width, height);
+  {
+    wxMemoryDC dc(bitmap);
+    CWxPreviewPainter(picture, wxRect(0, 0, width, height)).paint(dc);
+  }
+  if (!wxTheClipboard->Open()) {
+    m_err << "clipboard: cannot be opened\n";
+    return false;
+  }
+  const bool done = wxTheClipboard->SetData(new wxBitmapDataObject(bitmap));
+  wxTheClipboard->Flush();
+  wxTheClipboard->Close();
+  if (m_trace) m_out << "trace: clipboard " << width << " x " << height << "\n";
+  return done;
 }

@@ -35,6 +35,8 @@ public:
   // Opens the help page with the help viewer (xdg-open unless set otherwise): a folder of
   // help pages gives TOPIC.html in it, a file gives FILE#TOPIC.
   void showHelp(const CZelString& file, const CZelString& topic) override;
+  // Paints the preview into a bitmap of that size and puts it on the clipboard.
+  bool copyToClipboard(const CDisplayList& picture, int width, int height) override;
   void setHelpViewer(std::string program) { m_helpViewer = std::move(program); }
   static std::string helpUrl(const CZelString& file, const CZelString& topic);
 

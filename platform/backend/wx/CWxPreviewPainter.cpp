@@ -28,7 +28,7 @@ void arcPoints(std::vector<std::pair<double, double>>& out, double cx, double cy
 }  // namespace
 
 CWxPreviewPainter::CWxPreviewPainter(const CDisplayList& list, const wxRect& area) : m_list(list), m_area(area) {
-  CDisplayExtents box = list.extents();
+  CDisplayExtents box = list.view.empty ? list.extents() : list.view;
   if (box.empty) return;
   double w = std::max(box.maxX - box.minX, 1e-9), h = std::max(box.maxY - box.minY, 1e-9);
   double usableW = area.width * (1.0 - 2 * kMargin), usableH = area.height * (1.0 - 2 * kMargin);

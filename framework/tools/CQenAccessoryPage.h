@@ -1,0 +1,46 @@
+// The properties tab of an accessory dialog, as the shared frame drives it: it gets the
+// record and the section set, shows the object item it is given, refreshes itself from
+// the store (under its busy flag) and tells its main dialog when it changed a value.
+#pragma once
+
+#include "module/CQenEntryDialog.h"
+#include "ui/CZelDlg.h"
+
+class CQenAccessoryPage : public CZelDlg {
+public:
+  using CZelDlg::CZelDlg;
+
+  void init(const qenDlgEnv_st& record, const QenSectionSet& sections) {
+    m_env = record;
+    m_sections = sections;
+  }
+  void setPageItem(CZelDataItem* item) { m_pageItem = item; }
+  CZelDataItem* pageItem() const { return m_pageItem; }
+
+  // Store -> controls; does nothing while a refresh of the page runs.
+  virtual void refresh() = 0;
+
+  const CMessageMap* GetMessageMap() const override { return &kMessageMap; }
+  static const CMessageMap kMessageMap;
+
+protected:
+  // The dialog's main section as the section set opened it (the stored section).
+  ZEL::CDtaFilePointer* section() { return m_sections[m_env.sectionName].get(); }
+  CZelDataItem* sectionItem() {
+    ZEL::CDtaFilePointer* s = section();
+    return s ? s->get(nullptr, true) : nullptr;
+  }
+  // The main dialog, the tab control standing between it and the page.
+  CWnd* mainDialog() const;
+  // Asks the main dialog to refresh itself and its preview.
+  void notifyMain();
+
+  qenDlgEnv_st m_env;
+  QenSectionSet m_sections;
+  CZelDataItem* m_pageItem = nullptr;
+  bool m_busy = false;
+
+private:
+  static const CMessageMapEntry kEntries[];
+  LRESULT OnRefreshPage(WPARAM, LPARAM);
+};
