@@ -1,0 +1,15 @@
+#include "obj/geometry/ZelShape.h"
+
+namespace ZEL::geo {
+
+const wchar_t* layerKey(Layer layer) {
+  switch (layer) {
+    case Layer::Contour: return L"PART_CON";
+    case Layer::Hidden: return L"PART_HID";
+    case Layer::Axis: return L"PART_CEN";
+    case Layer::Fill: return L"PART_FILL";
+  }
+  return L"PART_CON";
+}
+
+}  // namespace ZEL::geo
