@@ -7,6 +7,7 @@ const char* CHostOptions::usage() {
          "  qen-host run ENTRY [--store FILE] [--drawing FILE] [--country CODE] [--script FILE] [--out FILE]\n"
          "                     [--drawing-out FILE] [--record NAME=VALUE]... [--projections N]\n"
          "                     [--editing] [--sheared] [--trace] [--gui | --headless]\n"
+         "                     [--pick VALUE]...\n"
          "  qen-host list\n"
          "  qen-host init --store FILE\n"
          "  qen-host store FILE get KEY | set KEY JSON | remove KEY | check\n";
@@ -49,6 +50,11 @@ bool CHostOptions::parse(int argc, char** argv, std::string& error) {
     else if (a == "--script") { if (!value(script)) return false; }
     else if (a == "--out") { if (!value(out)) return false; }
     else if (a == "--drawing-out") { if (!value(drawingOut)) return false; }
+    else if (a == "--pick") {
+      std::string v;
+      if (!value(v)) return false;
+      picks.push_back(v);
+    }
     else if (a == "--record") {
       std::string r;
       if (!value(r)) return false;

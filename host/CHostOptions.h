@@ -15,6 +15,9 @@ struct CHostOptions {
   std::string out;
   std::string drawingOut;
   std::vector<std::pair<std::string, std::string>> records;
+  // What the user picks in the drawing when a dialog ends to let them pick, one value per
+  // round trip, in order (--pick VALUE, repeated).
+  std::vector<std::string> picks;
   int projections = 0;
   bool editing = false;
   bool sheared = false;

@@ -6,7 +6,8 @@
 
 const std::vector<HostEntry>& hostEntries() {
   static const std::vector<HostEntry> entries = {
-    {"qenDlgHzKl", "KLOTZ", "setting blocks", [](HostCall& c) { return qenDlgHzKl(c.record); }},
+    {"qenDlgHzKl", "KLOTZ", "setting blocks", [](HostCall& c) { return callAccessory(c, L"KLOTZ", qenDlgHzKl); },
+     [](HostCall& c) { prepareAccessory(c, L"KLOTZ"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"KLOTZ"); }},
     {"qenDlgHzDi", "DICHT", "seals", [](HostCall& c) { return qenDlgHzDi(c.record); }},
     {"qenDlgHzSi", "SILIKON", "silicone joints", [](HostCall& c) { return qenDlgHzSi(c.record); }},
     {"qenDlgHzFo", "FOLIE", "membranes", [](HostCall& c) { return qenDlgHzFo(c.record); }},

@@ -9,6 +9,9 @@
 struct HostCall {
   qenDlgEnv_st& record;
   CZelDataItem* object;  // the object data of the labeling and item entries (--record object=HANDLE)
+  // The answers to the dialogs' picks in the drawing (--pick), taken in order.
+  std::vector<std::string> picks = {};
+  std::size_t nextPick = 0;
 };
 
 struct HostEntry {

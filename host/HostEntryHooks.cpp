@@ -11,6 +11,9 @@
 #include "obj/QenObjHatch.h"
 #include "obj/QenObjLayer.h"
 #include "obj/ZelObjKey.h"
+#include "obj/ZelObjTypes.h"
+#include "data/CZelDrawing.h"
+#include "data/ZelCommandLine.h"
 
 #include <memory>
 
@@ -108,3 +111,74 @@ void finishLabel(HostCall& c, int code) {
   labelObjectBefore().reset();
 }
 
+
+namespace {
+
+CZelString sectionOf(const wchar_t* type) {
+  const ZEL::ObjTypeInfo* info = ZEL::objTypeInfo(type);
+  return info ? CZelString(info->section) : CZelString();
+}
+
+// Keys of an object's data that are the drawing's, not the type's settings.
+bool drawingOnlyKey(const CZelString& name) {
+  return name == L"OBJ" || name == L"DICT_NAME" || name == L"DICT_PATH" || name == L"GEN";
+}
+
+// The object becomes the one being edited: its values go into the settings.
+bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle) {
+  CZelDrawing& drawing = CZelDrawing::current();
+  CZelDataItem* data = drawing.objectData(handle);
+  CZelString objectType;
+  CZelDataKey typeKey(L"TYPE");
+  if (!data || !data->get(objectType, &typeKey) || !objectType.match(type)) {
+    ZEL::cmdPrint(L"pick: the drawing has no " + CZelString(type) + L" object " + handle);
+    return false;
+  }
+  const CZelString section = sectionOf(type);
+  CZelDataItem* settings = ZEL::cfg_get(CZelDataKey(section));
+  if (!settings) settings = ZEL::cfg_dir_make(CZelDataKey(section));
+  for (ZEL::CDataIterator it(data); !it.done(); it.next())
+    if (!drawingOnlyKey(it.name())) settings->mkDir()->insert(it.name(), it.item(), true);
+  CZelDataKey orig(L"ORIG");
+  settings->put(&orig, ZEL::mkResbuf(handle.c_str(), RTENAME));
+  drawing.currentObject[type] = handle;
+  c.record.object = ZEL::CAdsName(handle);
+  c.object = data;
+  return true;
+}
+
+}  // namespace
+
+void prepareAccessory(HostCall& c, const wchar_t* type) {
+  if (!c.record.object.isNull()) editObject(c, type, c.record.object.handle());
+}
+
+void finishAccessory(HostCall& c, int code, const wchar_t* type) {
+  if (code != 1 && code != 2) return;
+  const CZelString section = sectionOf(type);
+  CZelDataItem* settings = ZEL::cfg_get(CZelDataKey(section));
+  CZelDataKey orig(L"ORIG");
+  CZelString handle;
+  if (!settings || !settings->getEname(handle, &orig)) return;
+  if (code == 1) {
+    if (CZelDataItem* data = CZelDrawing::current().objectData(handle)) {
+      for (ZEL::CDataIterator it(settings); !it.done(); it.next()) {
+        const CZelString& name = it.name();
+        if (name == L"ORIG" || name == L"MODE" || name == L"COORD") continue;
+        data->mkDir()->insert(name, it.item(), true);
+      }
+    }
+  }
+  settings->remove(&orig);
+}
+
+int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&)) {
+  int code = entry(c.record);
+  while (code == 103 && c.nextPick < c.picks.size()) {
+    const CZelString handle = CZelString::fromUtf8(c.picks[c.nextPick++]);
+    ZEL::cmdPrint(L"pick: " + CZelString(type) + L" object " + handle);
+    if (!editObject(c, type, handle)) break;
+    code = entry(c.record);
+  }
+  return code;
+}

@@ -11,3 +11,12 @@ void prepareLabel(HostCall& c);
 void finishLabel(HostCall& c, int code);
 // The item dialog's call: the named object, else the setting block of the settings.
 int callItem(HostCall& c);
+
+// The accessory dialogs (setting block, …): an object named by --record object=HANDLE is
+// edited: its values are put into the type's settings and "ORIG" marks the edit; after
+// OK the object takes the settings back. "Objekt <" (end code 103) is answered with the
+// next --pick HANDLE: that object is edited and the dialog opens again, on the tab "MODE"
+// names.
+void prepareAccessory(HostCall& c, const wchar_t* type);
+void finishAccessory(HostCall& c, int code, const wchar_t* type);
+int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&));

@@ -58,6 +58,24 @@ CZelDataItem* sectionOf(const CZelString& type) {
   return info ? ZEL::cfg_get(CZelDataKey(info->section)) : nullptr;
 }
 
+// A library object placed in the drawing knows where it comes from: its own entity name
+// ("OBJ"), its dictionary name (type and library name) and the folders it lies in.
+CZelString placeLibraryObject(const CZelString& type, const CZelDataItem& object, const std::string& stem) {
+  CZelDrawing& drawing = CZelDrawing::current();
+  CZelString handle = drawing.addObject(object);
+  CZelDataItem* data = drawing.objectData(handle);
+  CZelDataKey obj(L"OBJ"), name(L"DICT_NAME"), path(L"DICT_PATH");
+  data->put(&obj, ZEL::mkResbuf(handle.c_str(), RTENAME));
+  ZEL::dataItemSet(data, &name, type + L"\\" + CZelString::fromUtf8(stem));
+  CZelArrayTempl<CZelString> folders;
+  folders.add(L"QEN");
+  folders.add(drawing.libraryFolder);
+  folders.add(type);
+  data->put(&path, ZEL::mkResbuf(folders));
+  drawing.currentObject[type] = handle;
+  return handle;
+}
+
 int answer(resbuf** result, resbuf* value) {
   *result = value;
   return RTNORM;
@@ -111,13 +129,12 @@ int objSave(const resbuf* args, resbuf** result) {
   fs::path dir = folderOf(CZelDrawing::current().libraryFolder) / type.toUtf8();
   std::error_code ec;
   fs::create_directories(dir, ec);
-  if (!CStoreFile::save((dir / (fileNameOf(ZEL::objKey(object.get(), 4)) + ".json")).string(), *object)) {
+  const std::string stem = fileNameOf(ZEL::objKey(object.get(), 4));
+  if (!CStoreFile::save((dir / (stem + ".json")).string(), *object)) {
     ZEL::cmdPrint(CZelString::fromUtf8(ZEL::lastFileError()));
     return answer(result, ZEL::newRb(RTNIL));
   }
-  CZelDrawing& drawing = CZelDrawing::current();
-  CZelString handle = drawing.addObject(*object);
-  drawing.currentObject[type] = handle;
+  const CZelString handle = placeLibraryObject(type, *object, stem);
   return answer(result, ZEL::mkResbuf(handle.c_str(), RTENAME));
 }
 
@@ -154,8 +171,7 @@ int objRestore(const resbuf* args, resbuf** result) {
   CZelDataItem* settings = object->clone();
   settings->getDir()->remove(CZelString(L"TYPE"));
   ZEL::cfg_set(CZelDataKey(info->section), settings, true);
-  CZelDrawing& drawing = CZelDrawing::current();
-  drawing.currentObject[type] = drawing.addObject(*object);
+  placeLibraryObject(type, *object, chosen->stem().string());
   return answer(result, ZEL::mkRbShort(1));
 }
 

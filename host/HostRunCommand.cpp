@@ -166,6 +166,7 @@ int hostRun(const CHostOptions& options) {
 
   ZEL::cmdSetSink([](const CZelString& line) { std::cerr << line.toUtf8() << "\n"; });
   HostCall call{record, object};
+  call.picks = options.picks;
   if (entry->prepare) entry->prepare(call);
   CScriptBackend backend(std::move(script), std::cout, std::cerr, options.trace);
   int code = 0;

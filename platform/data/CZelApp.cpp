@@ -62,7 +62,12 @@ int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) 
   return 1;
 }
 
-CZelColor CZelApp::backgroundColor() const { return CZelColor::fromIndex(CZelDrawing::current().background); }
+// Colour 7 is the one that stands out from the background; as a background it is white,
+// so that objects on layers of colour 7 are drawn black on it.
+CZelColor CZelApp::backgroundColor() const {
+  const int index = CZelDrawing::current().background;
+  return index == 7 ? CZelColor::fromRgb(255, 255, 255) : CZelColor::fromIndex(index);
+}
 
 CZelMapTempl<CZelString, CZelString> CZelApp::hatchPatterns() const {
   CZelMapTempl<CZelString, CZelString> patterns;
