@@ -139,7 +139,7 @@ bool CSheetTabTools::layerAssignment(ZEL::CDtaFilePointer* section, const qenDlg
   CZelDataItem* data = section ? section->get() : nullptr;
   if (!data) return false;
   CLayerReg dlg(record.parentWnd());
-  dlg.SetWindowText(ZEL::grpLabel(data, record.country.c_str(), true));
+  dlg.setCaption(ZEL::grpLabel(data, record.country.c_str(), true));
 
   static constexpr QenSectionRow kRows[] = {
       {L"*QEN_OBJ_LAY*", kStored, false}, {L"*ZEL_DL_LAYDET*", kCopy, true}, {L"*QEN_OBJ_PROP*", kCopy, false}};
@@ -196,7 +196,7 @@ bool CSheetTabTools::hatchAssignment(ZEL::CDtaFilePointer* section, QenSectionSe
   if (!hatches) return false;
 
   CHatchReg dlg(record.parentWnd());
-  dlg.SetWindowText(ZEL::grpLabel(data, record.country.c_str(), true));
+  dlg.setCaption(ZEL::grpLabel(data, record.country.c_str(), true));
   qenDlgEnv_st env = record;
   env.helpTopic = L"QEN_MAT_OBJ_HATCH";
   dlg.SetCountry(env.country);
@@ -237,7 +237,7 @@ bool CSheetTabTools::labeling(ZEL::CDtaFilePointer* section, QenSectionSet& sect
   CZelDataItem* data = section ? section->get() : nullptr;
   if (!data) return false;
   CLabelingDlg dlg(record.parentWnd());
-  dlg.SetWindowText(ZEL::grpLabel(data, record.country.c_str(), true));
+  dlg.setCaption(ZEL::grpLabel(data, record.country.c_str(), true));
   std::unique_ptr<CZelDataItem> undo(data->clone());
 
   qenDlgEnv_st env = record;
@@ -309,9 +309,11 @@ void CSheetTabTools::saveTypeAsPreset(const CZelString& type) {
   const CZelString section = sectionOfType(type);
   CZelDataItem* stored = section.isEmpty() ? nullptr : ZEL::cfg_get(CZelDataKey(section));
   if (!stored) return;
-  std::unique_ptr<CZelDataItem> copy(stored->clone());
+  // The preset is the section as a new object would take it: not marked as an edit of an
+  // existing object, and without the tab the dialog was on.
   CZelDataKey orig(L"ORIG"), mode(L"MODE");
   stored->remove(&orig);
+  std::unique_ptr<CZelDataItem> copy(stored->clone());
   copy->remove(&mode);
   QEN::obj_preset_save(type, copy.get());
 }

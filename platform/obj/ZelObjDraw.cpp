@@ -19,10 +19,12 @@ CZelString text(const CZelDataItem* item, const wchar_t* key) {
   return value;
 }
 
-// A layer name from the layer table: (section part…, logical layer, #2).
+// A layer name from the layer table, whose entries are name pairs (2 . layer).
 CZelString tableLayer(const CZelString& path) {
   CZelString name;
-  if (CZelDataItem* item = cfg_get(CZelDataKey::fromPath(path + L"\\#2"))) item->get(name);
+  CZelDataKey pairName;
+  pairName.append(short{2});
+  if (CZelDataItem* item = cfg_get(CZelDataKey::fromPath(path))) item->get(name, &pairName);
   return name;
 }
 

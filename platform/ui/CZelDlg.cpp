@@ -24,6 +24,7 @@ bool CZelDlg::updLang() {
     if (CWnd* w = GetDlgItem(id)) w->SetWindowText(text);
   for (const auto& [id, tip] : m_texts.toolTips(m_country))
     if (CWnd* w = GetDlgItem(id)) w->SetToolTipText(tip);
+  if (!m_caption.isEmpty()) SetWindowText(m_caption);
   return true;
 }
 

@@ -22,6 +22,10 @@ public:
   // A tooltip request for a control: 1 when the control has a tooltip.
   virtual int ToolTip(UINT id, NMHDR* header, LRESULT* result);
 
+  // A caption a caller gives the dialog (the object's group label when the dialog works on
+  // one object); it replaces the dialog's own title.
+  void setCaption(const CZelString& caption) { m_caption = caption; }
+
   void SetCountry(const CZelString& country) { m_country = country; }
   const CZelString& country() const { return m_country; }
   void SetHelpFile(const CZelString& file) { m_helpFile = file; }
@@ -52,4 +56,5 @@ private:
   CZelString m_country = L"de";
   CZelString m_helpFile;
   CZelString m_helpTopic;
+  CZelString m_caption;
 };
