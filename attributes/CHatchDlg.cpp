@@ -150,7 +150,8 @@ bool CHatchDlg::refresh() {
   }
 
   tools.showRadios(*this, IDC_HATCH_SYSTEM, IDC_HATCH_MATERIAL, IDC_HATCH_OWN, current, IDC_HATCH_ASSIGN, true);
-  tools.showDetails(*this, kUpperArea, m_pattern, patterns, m_angle, angle, m_scale, scale, current, pattern, current == 2);
+  tools.showDetails(*this, kUpperArea, m_pattern, patterns, m_angle, angle, m_scale, scale, current, pattern, current == 2,
+                    GetMsg(L"QEN_MFC_HATCH_001", L"nicht gefunden"));
   const double shownScale = std::isfinite(scale) ? scale : 1.0, shownAngle = std::isfinite(angle) ? angle : 0.0;
   m_preview.setPicture(ZEL::hatchPreview(pattern, shownScale, shownAngle));
   m_preview.setDisplayList(ZEL::hatchPreviewList(pattern, shownScale, shownAngle));

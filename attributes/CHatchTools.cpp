@@ -48,15 +48,15 @@ void CHatchTools::showRadios(CWnd& page, int systemId, int materialId, int ownId
   else if (mode == 2) page.CheckDlgButton(ownId, BST_CHECKED);
 }
 
-CZelString CHatchTools::description(const HatchPatterns& patterns, const CZelString& pattern) {
+CZelString CHatchTools::description(const HatchPatterns& patterns, const CZelString& pattern, const CZelString& notFound) {
   for (const auto& [name, text] : patterns)
     if (name == pattern) return text;
-  return pattern + L" - nicht gefunden";
+  return pattern + L" - " + notFound;
 }
 
 void CHatchTools::showDetails(CWnd& page, const HatchDetailIds& ids, CComboBox& combo, const HatchPatterns& patterns,
                               CZelEdit& angleField, double angle, CZelEdit& scaleField, double scale, int mode,
-                              const CZelString& pattern, bool comboEnabled) const {
+                              const CZelString& pattern, bool comboEnabled, const CZelString& notFound) const {
   for (int id : {ids.group, ids.patternLabel, ids.pattern, ids.description, ids.angleLabel, ids.angle, ids.scaleLabel, ids.scale})
     page.GetDlgItem(id)->ShowWindow(SW_SHOW);
 
@@ -80,5 +80,5 @@ void CHatchTools::showDetails(CWnd& page, const HatchDetailIds& ids, CComboBox& 
   combo.SetCurSel(selected);
   combo.EnableWindow(comboEnabled);
 
-  page.SetDlgItemText(ids.description, description(patterns, pattern).c_str());
+  page.SetDlgItemText(ids.description, description(patterns, pattern, notFound).c_str());
 }

@@ -44,11 +44,12 @@ public:
 
   // Shows a hatch: angle and scale editable only for an own pattern that is not a solid
   // fill; the combo offers SOLID and the drawing's patterns and selects the pattern; the
-  // description names a pattern the drawing does not know.
+  // description names a pattern the drawing does not know, marked with `notFound` (the
+  // dialog's text in the user's language).
   void showDetails(CWnd& page, const HatchDetailIds& ids, CComboBox& combo, const HatchPatterns& patterns,
                    CZelEdit& angleField, double angle, CZelEdit& scaleField, double scale, int mode,
-                   const CZelString& pattern, bool comboEnabled) const;
+                   const CZelString& pattern, bool comboEnabled, const CZelString& notFound) const;
 
-  // The description of a pattern, or its name marked as missing.
-  static CZelString description(const HatchPatterns& patterns, const CZelString& pattern);
+  // The description of a pattern, or its name followed by " - " and `notFound`.
+  static CZelString description(const HatchPatterns& patterns, const CZelString& pattern, const CZelString& notFound);
 };

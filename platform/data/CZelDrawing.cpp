@@ -1,6 +1,7 @@
 #include "data/CZelDrawing.h"
 
 #include "data/CStoreFile.h"
+#include "data/ZelHatchPatternTable.h"
 
 #include <nlohmann/json.hpp>
 
@@ -60,7 +61,7 @@ void CZelDrawing::reset() {
   layers.assign(1, ZelLayerRecord{});
   layers[0].name = L"0";
   linetypes = {L"CONTINUOUS"};
-  hatchPatterns.clear();
+  hatchPatterns = ZEL::standardHatchPatterns();
   currentObject.clear();
   sheared.clear();
   libraryFolder = L"library";
@@ -140,9 +141,12 @@ bool CZelDrawing::load(const std::string& path) {
   }
   if (j.contains("hatch_patterns")) {
     if (!j["hatch_patterns"].is_object()) return bad("\"hatch_patterns\" maps a pattern name to its description");
+    d.hatchPatterns.clear();
     for (auto it = j["hatch_patterns"].begin(); it != j["hatch_patterns"].end(); ++it)
       d.hatchPatterns.emplace_back(CZelString::fromUtf8(it.key()),
                                    CZelString::fromUtf8(it->is_string() ? it->get<std::string>() : std::string()));
+    // A drawing that lists no patterns has the standard ones, as the CAD program has them.
+    if (d.hatchPatterns.empty()) d.hatchPatterns = ZEL::standardHatchPatterns();
   }
   if (j.contains("objects")) {
     if (!j["objects"].is_object()) return bad("\"objects\" maps a handle to the object's data");
@@ -200,8 +204,10 @@ bool CZelDrawing::save(const std::string& path) const {
   }
   j["linetypes"] = json::array();
   for (const auto& l : linetypes) j["linetypes"].push_back(l.toUtf8());
+  // The standard set is what a drawing without a list has: it is not written into the file.
   j["hatch_patterns"] = json::object();
-  for (const auto& [name, desc] : hatchPatterns) j["hatch_patterns"][name.toUtf8()] = desc.toUtf8();
+  if (hatchPatterns != ZEL::standardHatchPatterns())
+    for (const auto& [name, desc] : hatchPatterns) j["hatch_patterns"][name.toUtf8()] = desc.toUtf8();
   j["current"] = json::object();
   for (const auto& [type, handle] : currentObject) j["current"][type.toUtf8()] = handle.toUtf8();
   j["sheared"] = json::array();

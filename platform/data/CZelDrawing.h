@@ -32,7 +32,7 @@ public:
 
   static CZelDrawing& current();
 
-  // An empty drawing in millimetres with layer "0".
+  // An empty drawing in millimetres with layer "0" and the standard hatch patterns.
   void reset();
   // Replaces this drawing with the file's; on failure the drawing is untouched and
   // ZEL::lastFileError() names the file and the place.
@@ -43,7 +43,8 @@ public:
   int background = 7;
   std::vector<ZelLayerRecord> layers;
   std::vector<CZelString> linetypes;
-  std::vector<std::pair<CZelString, CZelString>> hatchPatterns;  // name, description
+  // Name, description; the standard set when the drawing file lists none.
+  std::vector<std::pair<CZelString, CZelString>> hatchPatterns;
   std::map<CZelString, CZelString> currentObject;                 // object type -> handle
   std::vector<CZelString> sheared;                                // object types shown sheared
   CZelString libraryFolder = L"library";

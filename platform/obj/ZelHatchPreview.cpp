@@ -1,41 +1,34 @@
 #include "obj/ZelHatchPreview.h"
 
+#include "obj/ZelHatchPatterns.h"
+
 #include <cmath>
 #include <cwchar>
 #include <numbers>
+#include <vector>
 
 namespace {
 
-// One family of parallel lines of a pattern at scale 1 and angle 0: direction in degrees,
-// distance between the lines in millimetres, dashed or drawn through.
-struct LineFamily {
-  double angle;
-  double spacing;
-  bool dashed;
-};
-
-struct PatternLines {
-  const wchar_t* name;
-  LineFamily families[4];
-  int count;
-};
-
-// The ANSI families in their metric form (the inch patterns' distances in millimetres).
-constexpr PatternLines kPatterns[] = {
-    {L"ANSI31", {{45, 3.175, false}}, 1},
-    {L"ANSI32", {{45, 9.525, false}, {45, 9.525, false}}, 2},
-    {L"ANSI33", {{45, 6.35, false}, {45, 6.35, true}}, 2},
-    {L"ANSI34", {{45, 19.05, false}, {45, 19.05, false}, {45, 19.05, false}, {45, 19.05, false}}, 4},
-    {L"ANSI35", {{45, 6.35, false}, {45, 6.35, true}}, 2},
-    {L"ANSI36", {{45, 3.175, true}}, 1},
-    {L"ANSI37", {{45, 3.175, false}, {135, 3.175, false}}, 2},
-    {L"ANSI38", {{45, 3.175, false}, {135, 6.35, true}}, 2},
-};
+constexpr double kSide = 40.0;    // millimetres
+constexpr std::size_t kNamedFamilies = 6;  // in the description
 
 CZelString number(double v) {
   wchar_t buf[64];
   std::swprintf(buf, 64, L"%.6g", std::abs(v) < 1e-9 ? 0.0 : v);
   return buf;
+}
+
+// "lines 45° every 3.175", "dashed lines …", "dots …" for one family turned and scaled.
+CZelString family(const ZelPatternLine& f, double scale, double degrees) {
+  bool dashed = false, dotsOnly = !f.dashes.empty();
+  for (double d : f.dashes) {
+    dashed = dashed || d < 0;
+    dotsOnly = dotsOnly && d <= 0;
+  }
+  // Lines have no orientation: a direction is kept within [0°, 180°).
+  const double direction = std::fmod(std::fmod(f.angle + degrees, 180.0) + 180.0, 180.0);
+  return CZelString(dotsOnly ? L"dots " : dashed ? L"dashed lines " : L"lines ") + number(direction) + L"° every " +
+         number(std::fabs(f.dy * scale));
 }
 
 }  // namespace
@@ -47,44 +40,42 @@ CZelString hatchPreview(const CZelString& pattern, double scale, double angle) {
   if (pattern.match(L"SOLID")) return L"solid fill";
   const double degrees = angle * 180.0 / std::numbers::pi;
   CZelString text = pattern + L" scale " + number(scale) + L" angle " + number(degrees) + L"°";
-  for (const PatternLines& p : kPatterns) {
-    if (!pattern.match(p.name)) continue;
-    for (int i = 0; i < p.count; ++i) {
-      const LineFamily& f = p.families[i];
-      // Lines have no orientation: a direction is kept within [0°, 180°).
-      const double direction = std::fmod(std::fmod(f.angle + degrees, 180.0) + 180.0, 180.0);
-      text += CZelString(i ? L", " : L": ") + (f.dashed ? L"dashed lines " : L"lines ") + number(direction) + L"° every " +
-              number(f.spacing * std::abs(scale));
-    }
-    return text;
+  const ZelHatchPattern* p = findHatchPattern(pattern);
+  if (!p) return text + L": line families not known";
+  std::vector<CZelString> named;
+  for (const ZelPatternLine& f : p->lines) {
+    CZelString one = family(f, std::abs(scale), degrees);
+    bool seen = false;
+    for (const CZelString& n : named) seen = seen || n == one;
+    if (!seen) named.push_back(one);
   }
-  return text + L": line families not known";
+  for (std::size_t i = 0; i < named.size() && i < kNamedFamilies; ++i) text += CZelString(i ? L", " : L": ") + named[i];
+  if (named.size() > kNamedFamilies)
+    text += L" and " + number(static_cast<double>(named.size() - kNamedFamilies)) + L" more line families";
+  return text;
 }
 
-}  // namespace ZEL
-
-namespace ZEL {
+double hatchPreviewSide(const CZelString& pattern) {
+  const ZelHatchPattern* p = findHatchPattern(pattern);
+  double repeat = 0.0;
+  // A family repeats over a cell of its line distance by its dash sequence's length.
+  if (p)
+    for (const ZelPatternLine& f : p->lines)
+      repeat = std::max(repeat, f.period() > 0 ? std::sqrt(std::fabs(f.dy) * f.period()) : std::fabs(f.dy));
+  return std::max(kSide, 4.0 * repeat);
+}
 
 CDisplayList hatchPreviewList(const CZelString& pattern, double scale, double angle) {
   CDisplayList list;
+  const double side = hatchPreviewSide(pattern);
   CZelVertexArray square;
   square.add(0, 0);
-  square.add(40, 0);
-  square.add(40, 40);
-  square.add(0, 40);
+  square.add(side, 0);
+  square.add(side, side);
+  square.add(0, side);
   const CZelColor ink = CZelColor::fromIndex(7);
   list.addPolyline(square, true, ink);
-  if (pattern.isEmpty()) return list;
-  if (pattern.match(L"SOLID")) {
-    list.addFill(square, ink);
-    return list;
-  }
-  for (const PatternLines& p : kPatterns) {
-    if (!pattern.match(p.name)) continue;
-    for (int i = 0; i < p.count; ++i)
-      list.addHatch(square, p.families[i].angle * std::numbers::pi / 180.0 + angle,
-                    p.families[i].spacing * (std::abs(scale) > 0 ? std::abs(scale) : 1.0), ink);
-  }
+  if (!pattern.isEmpty()) addPatternHatch(list, square, pattern, scale, angle, ink);
   return list;
 }
 

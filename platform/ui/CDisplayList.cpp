@@ -67,6 +67,14 @@ void CDisplayList::addHatch(const CZelVertexArray& outline, double angle, double
   m_items.push_back(std::move(item));
 }
 
+void CDisplayList::addSegments(CZelVertexArray endpoints, CZelColor color) {
+  Item item;
+  item.kind = Kind::Segments;
+  item.color = color;
+  item.points = std::move(endpoints);
+  m_items.push_back(std::move(item));
+}
+
 namespace {
 
 // An arc's extent: its end points and the quadrant points it passes.

@@ -1,5 +1,5 @@
 // What a preview shows: a display list in drawing units (lines, arcs, polylines with bulges,
-// filled and hatched areas, each in its colour) and the zoom the picture asks for. The
+// filled and hatched areas, sets of line segments, each in its colour) and the zoom the picture asks for. The
 // preview frame keeps it; a window backend paints it, a script reads its description.
 #pragma once
 
@@ -17,11 +17,11 @@ struct CDisplayExtents {
 
 class CDisplayList {
 public:
-  enum class Kind { Line, Arc, Polyline, Fill, Hatch };
+  enum class Kind { Line, Arc, Polyline, Fill, Hatch, Segments };
   struct Item {
     Kind kind = Kind::Line;
     CZelColor color;
-    CZelVertexArray points;  // line: two points; polyline, fill, hatch: the outline
+    CZelVertexArray points;  // line: two points; polyline, fill, hatch: the outline; segments: pairs of end points
     bool closed = false;     // polylines
     double cx = 0.0, cy = 0.0, radius = 0.0;       // arcs
     double startAngle = 0.0, endAngle = 0.0;      // arcs, radians, counter-clockwise
@@ -35,6 +35,9 @@ public:
   void addPolyline(const CZelVertexArray& points, bool closed, CZelColor color);
   void addFill(const CZelVertexArray& outline, CZelColor color);
   void addHatch(const CZelVertexArray& outline, double angle, double spacing, CZelColor color);
+  // Separate straight segments, the end points in pairs (a dot is a pair of equal points); one
+  // item however many, so that a hatch of thousands of dashes stays one item to paint.
+  void addSegments(CZelVertexArray endpoints, CZelColor color);
 
   const std::vector<Item>& items() const { return m_items; }
   bool isEmpty() const { return m_items.empty(); }

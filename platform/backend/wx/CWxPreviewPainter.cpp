@@ -154,6 +154,18 @@ void CWxPreviewPainter::paintHatch(wxDC& dc, const CDisplayList::Item& item) con
   dc.DrawPolygon(static_cast<int>(poly.size()), poly.data());
 }
 
+void CWxPreviewPainter::paintSegments(wxDC& dc, const CDisplayList::Item& item) const {
+  const int n = item.points.count();
+  for (int i = 0; i + 1 < n; i += 2) {
+    const ZelVertex& a = item.points[i];
+    const ZelVertex& b = item.points[i + 1];
+    const wxPoint p = toPixels(a.x, a.y), q = toPixels(b.x, b.y);
+    // A dot, or a dash shorter than a pixel, is one pixel.
+    if (p == q) dc.DrawPoint(p);
+    else dc.DrawLine(p, q);
+  }
+}
+
 void CWxPreviewPainter::paint(wxDC& dc) const {
   wxColour bg = colour(m_list.background);
   dc.SetBrush(wxBrush(bg));
@@ -191,6 +203,7 @@ void CWxPreviewPainter::paint(wxDC& dc) const {
         break;
       }
       case CDisplayList::Kind::Hatch: paintHatch(dc, item); break;
+      case CDisplayList::Kind::Segments: paintSegments(dc, item); break;
     }
   }
 }

@@ -1,6 +1,7 @@
 // Paints a preview's display list into a rectangle, zoomed to its extents with a small
-// margin, y upwards as in the drawing: lines, arcs, polylines with bulges, filled areas and
-// hatches (parallel lines clipped to their outline), in the drawing's index or true colours.
+// margin, y upwards as in the drawing: lines, arcs, polylines with bulges, filled areas,
+// hatches (parallel lines clipped to their outline) and sets of segments (a pattern's
+// dashes), in the drawing's index or true colours.
 #pragma once
 
 #include "ui/CDisplayList.h"
@@ -29,6 +30,7 @@ private:
   // The outline as pixel points, bulged segments as short chords.
   std::vector<wxPoint> outline(const CZelVertexArray& points, bool closed) const;
   void paintHatch(wxDC& dc, const CDisplayList::Item& item) const;
+  void paintSegments(wxDC& dc, const CDisplayList::Item& item) const;
 
   const CDisplayList& m_list;
   wxRect m_area;

@@ -118,7 +118,11 @@ TEST(HatchPatterns, TheHostOffersTheDrawingsPatternsByName) {
   CZelDrawing::current().reset();
   ASSERT_EQ(patterns.count(), 2);
   EXPECT_EQ(patterns.begin()->first, CZelString(L"ANSI31"));
-  EXPECT_TRUE(ZEL::zelAppPtr()->hatchPatterns().count() == 0);
+  // The empty drawing has the standard set.
+  auto standard = ZEL::zelAppPtr()->hatchPatterns();
+  ASSERT_NE(standard.lookup(L"ANSI31"), nullptr);
+  EXPECT_EQ(*standard.lookup(L"ANSI31"), CZelString(L"ANSI Iron, Brick, Stone masonry"));
+  EXPECT_NE(standard.lookup(L"AR-CONC"), nullptr);
 }
 
 TEST(HatchPreview, DescribesTheLineFamiliesTurnedAndScaled) {
@@ -127,11 +131,18 @@ TEST(HatchPreview, DescribesTheLineFamiliesTurnedAndScaled) {
   EXPECT_EQ(ZEL::hatchPreview(L"ansi37", 2.0, 150 * degree),
             CZelString(L"ansi37 scale 2 angle 150°: lines 15° every 6.35, lines 105° every 6.35"));
   EXPECT_EQ(ZEL::hatchPreview(L"ANSI38", 1.0, 0.0),
-            CZelString(L"ANSI38 scale 1 angle 0°: lines 45° every 3.175, dashed lines 135° every 6.35"));
+            CZelString(L"ANSI38 scale 1 angle 0°: lines 45° every 3.175, dashed lines 135° every 3.175"));
+  // Families that read the same are named once; dots are dots.
+  EXPECT_EQ(ZEL::hatchPreview(L"ANSI34", 0.5, 0.0), CZelString(L"ANSI34 scale 0.5 angle 0°: lines 45° every 9.525"));
+  EXPECT_EQ(ZEL::hatchPreview(L"DOTS", 1.0, 90 * degree), CZelString(L"DOTS scale 1 angle 90°: dots 90° every 1.5875"));
 }
 
 TEST(HatchPreview, SolidEmptyAndUnknownPatterns) {
   EXPECT_EQ(ZEL::hatchPreview(L"Solid", 5.0, 1.0), CZelString(L"solid fill"));
   EXPECT_EQ(ZEL::hatchPreview(L"", 1.0, 0.0), CZelString(L"empty"));
-  EXPECT_EQ(ZEL::hatchPreview(L"AR-CONC", 0.5, 0.0), CZelString(L"AR-CONC scale 0.5 angle 0°: line families not known"));
+  EXPECT_EQ(ZEL::hatchPreview(L"ANSI99", 0.5, 0.0), CZelString(L"ANSI99 scale 0.5 angle 0°: line families not known"));
+  // A pattern of many families names six and counts the rest.
+  const CZelString conc = ZEL::hatchPreview(L"AR-CONC", 0.5, 0.0);
+  EXPECT_EQ(conc.str().rfind(L"AR-CONC scale 0.5 angle 0°: dashed lines 50° every 74.9033, ", 0), 0u) << conc.toUtf8();
+  EXPECT_NE(conc.str().find(L" and 7 more line families"), std::wstring::npos) << conc.toUtf8();
 }
