@@ -116,11 +116,13 @@ Stroke loops(double a, int halves, double half, double depth, bool wraps) {
   return s;
 }
 
-// Hard insulation: a zigzag between base and face with its corners `pitch` apart,
-// starting at the base or at the face.
-Stroke zigzag(double a, int pieces, double pitch, double depth, bool fromFace, bool wraps) {
+enum class ZigzagStart { Base, Face };
+
+// Hard insulation: a zigzag between base and face with its corners `pitch` apart.
+Stroke zigzag(double a, int pieces, double pitch, double depth, ZigzagStart start, bool wraps) {
   Stroke s;
   s.wraps = wraps;
+  const bool fromFace = start == ZigzagStart::Face;
   for (int i = 0; i <= pieces; ++i) s.points.add(a + i * pitch, (i % 2 == 0) != fromFace ? 0.0 : depth);
   return s;
 }
@@ -153,8 +155,8 @@ void addSymbol(Shape& shape, const Band& band, bool soft, double factor, int lay
     }
     if (pieces < 1) return;
     const double a = band.closed ? 0.0 : (length - pieces * step) / 2.0;
-    strokes.push_back(zigzag(a, pieces, step, depth, false, band.closed));
-    strokes.push_back(zigzag(a, pieces, step, depth, true, band.closed));
+    strokes.push_back(zigzag(a, pieces, step, depth, ZigzagStart::Base, band.closed));
+    strokes.push_back(zigzag(a, pieces, step, depth, ZigzagStart::Face, band.closed));
   }
   for (int layer = 0; layer < layers; ++layer)
     for (const Stroke& s : strokes) shape.paths.push_back(place(band, s, layer, layers, depth));

@@ -55,19 +55,14 @@ Shape membraneShape(const MembraneParams& params) {
   const double leg = kMembraneLegThicknesses * d;
   shape.outline = outline(d, r, leg);
   shape.paths.push_back(path(shape.outline, true));
-  switch (params.draw) {
-    case MembraneDraw::Contour: break;
-    case MembraneDraw::Filled: shape.areas.push_back(area(shape.outline, Area::Fill::Solid)); break;
-    case MembraneDraw::Hatched: shape.areas.push_back(area(shape.outline, Area::Fill::Hatch, 1)); break;
-    case MembraneDraw::Lined: {
-      const double t = usableSize(params.division);
-      if (t == 0.0) break;
-      const double total = 2.0 * leg + kPi / 2.0 * (r + d / 2.0);
-      const double pitch = std::max(t, total / kMembraneMaxDivisions);
-      // A mark that would fall on the far end (within rounding) is left out.
-      for (int k = 1; k * pitch < total - 1e-9 * total; ++k) shape.paths.push_back(division(d, r, leg, k * pitch));
-      break;
-    }
+  if (params.draw == MembraneDraw::Filled) shape.areas.push_back(area(shape.outline, Area::Fill::Solid));
+  if (params.draw == MembraneDraw::Hatched) shape.areas.push_back(area(shape.outline, Area::Fill::Hatch, 1));
+  const double t = usableSize(params.division);
+  if ((params.draw == MembraneDraw::Lined || params.draw == MembraneDraw::Filled) && t > 0.0) {
+    const double total = 2.0 * leg + kPi / 2.0 * (r + d / 2.0);
+    const double pitch = std::max(t, total / kMembraneMaxDivisions);
+    // A mark that would fall on the far end (within rounding) is left out.
+    for (int k = 1; k * pitch < total - 1e-9 * total; ++k) shape.paths.push_back(division(d, r, leg, k * pitch));
   }
   return finiteOrEmpty(std::move(shape));
 }

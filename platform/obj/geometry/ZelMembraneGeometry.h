@@ -5,10 +5,11 @@
 // on straight for twenty thicknesses past the bend, which shows the foil at any thickness
 // in the proportions it has in a detail.
 //
-// Representations: contour only; filled (a solid area); lined (the contour with a short
-// line across the foil at every division T, measured along its middle from the free end
-// of the vertical leg, the ends themselves not marked; at most 1000 lines, closer
-// divisions are spread to that count); hatched (a first-hatch area).
+// Representations: contour only; lined, the contour with a short line across the foil at
+// every division T; filled, a solid area divided the same way (the lines lie on the
+// contour layer, so they show on the fill); hatched, a first-hatch area. Divisions are
+// measured along the foil's middle from the free end of the vertical leg, the ends
+// themselves not marked; at most 1000 lines, closer divisions are spread to that count.
 #pragma once
 
 #include "obj/geometry/ZelShape.h"

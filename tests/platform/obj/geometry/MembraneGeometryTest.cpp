@@ -115,8 +115,10 @@ TEST(MembraneGeometry, RepresentationDecidesTheArea) {
   ASSERT_EQ(filled.areas.size(), 1u);
   EXPECT_EQ(filled.areas[0].fill, Area::Fill::Solid);
   EXPECT_EQ(filled.areas[0].outline, filled.outline);
-  EXPECT_EQ(filled.paths.size(), 1u);  // the division only marks the lined strip
+  EXPECT_EQ(divisions(filled), 4);  // the fill is divided like the lined strip
   const Shape hatched = membraneShape(foil(1.0, 2.0, 10.0, MembraneDraw::Hatched));
+  EXPECT_EQ(divisions(hatched), 0);
+  EXPECT_EQ(divisions(membraneShape(foil(1.0, 2.0, 10.0, MembraneDraw::Contour))), 0);
   ASSERT_EQ(hatched.areas.size(), 1u);
   EXPECT_EQ(hatched.areas[0].fill, Area::Fill::Hatch);
   EXPECT_EQ(hatched.areas[0].hatch, 1);

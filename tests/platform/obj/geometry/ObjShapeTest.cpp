@@ -135,6 +135,7 @@ TEST_F(ObjShapeTest, FactoryMembraneIsAFilledMillimetreFoil) {
   EXPECT_NEAR(box.width(), 23.0, 1e-6);  // radius 2 + thickness 1 + twenty thicknesses
   EXPECT_NEAR(box.height(), 23.0, 1e-6);
   EXPECT_EQ(geotest::countAreas(shape, Area::Fill::Solid, 0), 1);
+  EXPECT_EQ(shape.paths.size(), 5u);  // the contour and a division every 10 mm
 }
 
 TEST_F(ObjShapeTest, MembraneReadsItsRepresentation) {
