@@ -230,7 +230,7 @@ Shape insulationShape(const InsulationParams& params) {
   const double d = usableSize(params.thickness);
   Band band;
   int layers = params.separatingLine ? 2 : 1;
-  bool separate = params.separatingLine;
+  const bool separate = params.separatingLine;
   switch (params.cons) {
     case InsulationCons::Straight:
     case InsulationCons::Arc:
