@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace ZEL::geo {
 
@@ -89,7 +90,7 @@ Shape blockShape(const BlockParams& block) {
     }
     case BlockDraw::Hatched: shape.areas.push_back(area(shape.outline, Area::Fill::Hatch, 1)); break;
   }
-  return shape;
+  return finiteOrEmpty(std::move(shape));
 }
 
 }  // namespace ZEL::geo

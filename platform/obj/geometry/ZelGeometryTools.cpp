@@ -51,6 +51,12 @@ Area area(CZelVertexArray outline, Area::Fill fill, int hatch) {
 
 namespace {
 
+bool finite(const CZelVertexArray& vertices) {
+  for (const ZelVertex& v : vertices)
+    if (!std::isfinite(v.x) || !std::isfinite(v.y) || !std::isfinite(v.bulge)) return false;
+  return true;
+}
+
 void rotate(CZelVertexArray& vertices, double c, double s) {
   for (int i = 0; i < vertices.count(); ++i) {
     ZelVertex& v = vertices[i];
@@ -62,6 +68,13 @@ void rotate(CZelVertexArray& vertices, double c, double s) {
 }
 
 }  // namespace
+
+Shape finiteOrEmpty(Shape shape) {
+  bool ok = finite(shape.outline);
+  for (const Path& p : shape.paths) ok = ok && finite(p.points);
+  for (const Area& a : shape.areas) ok = ok && finite(a.outline);
+  return ok ? shape : Shape{};
+}
 
 void rotate(Shape& shape, double angle) {
   if (!std::isfinite(angle) || angle == 0.0) return;

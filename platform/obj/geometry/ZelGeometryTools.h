@@ -31,6 +31,10 @@ Path path(CZelVertexArray points, bool closed, Layer layer = Layer::Contour);
 Path line(Pt from, Pt to, Layer layer = Layer::Contour);
 Area area(CZelVertexArray outline, Area::Fill fill, int hatch = 1);
 
+// The shape itself when every number in it is finite, otherwise the empty shape (sizes
+// near the largest real overflow once multiplied).
+Shape finiteOrEmpty(Shape shape);
+
 // Turns every vertex of the shape about the origin; bulges keep their meaning.
 void rotate(Shape& shape, double angle);
 

@@ -2,6 +2,8 @@
 
 #include "obj/geometry/ZelGeometryTools.h"
 
+#include <utility>
+
 namespace ZEL::geo {
 
 Shape sealShape(const SealParams& seal) {
@@ -12,7 +14,7 @@ Shape sealShape(const SealParams& seal) {
   shape.outline = rectangle(0.0, 0.0, b, h);
   shape.paths.push_back(path(shape.outline, true));
   if (seal.draw == SealDraw::Hatched) shape.areas.push_back(area(shape.outline, Area::Fill::Hatch, 1));
-  return shape;
+  return finiteOrEmpty(std::move(shape));
 }
 
 }  // namespace ZEL::geo
