@@ -121,7 +121,7 @@ CZelString sectionOf(const wchar_t* type) {
 
 // Keys of an object's data that are the drawing's, not the type's settings.
 bool drawingOnlyKey(const CZelString& name) {
-  return name == L"OBJ" || name == L"DICT_NAME" || name == L"DICT_PATH" || name == L"GEN";
+  return name == L"OBJ" || name == L"NAME" || name == L"DICT_PATH" || name == L"GEN";
 }
 
 // The object becomes the one being edited: its values go into the settings.

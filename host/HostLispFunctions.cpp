@@ -59,12 +59,12 @@ CZelDataItem* sectionOf(const CZelString& type) {
 }
 
 // A library object placed in the drawing knows where it comes from: its own entity name
-// ("OBJ"), its dictionary name (type and library name) and the folders it lies in.
+// ("OBJ"), its library name ("NAME": type and name) and the folders it lies in.
 CZelString placeLibraryObject(const CZelString& type, const CZelDataItem& object, const std::string& stem) {
   CZelDrawing& drawing = CZelDrawing::current();
   CZelString handle = drawing.addObject(object);
   CZelDataItem* data = drawing.objectData(handle);
-  CZelDataKey obj(L"OBJ"), name(L"DICT_NAME"), path(L"DICT_PATH");
+  CZelDataKey obj(L"OBJ"), name(L"NAME"), path(L"DICT_PATH");
   data->put(&obj, ZEL::mkResbuf(handle.c_str(), RTENAME));
   ZEL::dataItemSet(data, &name, type + L"\\" + CZelString::fromUtf8(stem));
   CZelArrayTempl<CZelString> folders;

@@ -74,8 +74,8 @@ void CAdminTab::refresh() {
 
   // The library name of the object the page shows, when it has one.
   CZelString object;
-  CZelDataKey objKey;
-  objKey.set(5005, L"", 5005, L"OBJ", 0);
+  // The object's own entry (the key's empty first part is the object's data itself).
+  CZelDataKey objKey(L"OBJ");
   const bool hasObject = m_pageItem && m_pageItem->getEname(object, &objKey);
   CZelString name;
   if (hasObject && ZEL::obj_dict_name(object, name, false)) SetDlgItemText(IDC_ADMIN_NAME, ZEL::str_lib_name(name).c_str());
@@ -163,8 +163,7 @@ void CAdminTab::OnReset() {
     CZelDataKey key(m_env.object.handle());
     std::unique_ptr<ZEL::CDtaFilePointer> data(ZEL::dtaOpen(ZEL::DTA_OBJECT, ZEL::DTA_STORED, &key, nullptr));
     if (CZelDataItem* root = data ? data->get() : nullptr) {
-      CZelDataKey name;
-      name.set(5005, L"", 5005, L"NAME", 0);
+      CZelDataKey name(L"NAME");
       root->remove(&name);
     }
   }

@@ -6,7 +6,7 @@ namespace ZEL {
 
 bool obj_dict_name(const CZelString& handle, CZelString& name, bool force) {
   const CZelDataItem* data = handle.isEmpty() ? nullptr : CZelDrawing::current().objectData(handle);
-  CZelDataKey key(L"DICT_NAME");
+  CZelDataKey key(L"NAME");
   if (data && data->get(name, &key) && !name.isEmpty()) return true;
   if (!force || !data) return false;
   name = handle;
@@ -40,6 +40,8 @@ CZelString lobj_prodsys(CDtaFilePointer* data) {
 
 bool zel_obj_dict_path(const CZelString& handle, CZelArrayTempl<CZelString>& path) {
   const CZelDataItem* data = handle.isEmpty() ? nullptr : CZelDrawing::current().objectData(handle);
-  CZelDataKey key(L"DICT_PATH");
-  return data && data->get(path, &key) && !path.isEmpty();
+  CZelString name;
+  CZelDataKey nameKey(L"NAME"), key(L"DICT_PATH");
+  if (!data || !data->get(name, &nameKey) || name.isEmpty()) return false;
+  return data->get(path, &key) && !path.isEmpty();
 }

@@ -1,7 +1,8 @@
 // Where a drawing object comes from in the object library: the dictionary entry the host
-// recorded when the object was saved to or fetched from the library ("DICT_NAME", the
-// type and the library name, "TYPE\name"; "DICT_PATH", the folders from the library's
-// root: "QEN", the library folder, the type's folder), and its product system.
+// recorded when the object was saved to or fetched from the library ("NAME", the type and
+// the library name, "TYPE\name"; "DICT_PATH", the folders from the library's root: "QEN",
+// the library folder, the type's folder), and its product system. An object whose name
+// was taken away (a reset) no longer stands for a library object: it has neither.
 #pragma once
 
 #include "data/CDtaFilePointer.h"

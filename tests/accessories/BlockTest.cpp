@@ -124,3 +124,34 @@ TEST_F(BlockTest, OpenedFromAnotherDialogItNeitherPicksNorDeterminesOnScreen) {
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.result, 0);
 }
+
+TEST_F(BlockTest, TheAdministrationTabShowsWhereTheObjectComesFrom) {
+  CZelDrawing& drawing = CZelDrawing::current();
+  qenDlgEnv_st env;
+  auto place = [&](const char* json) {
+    std::unique_ptr<CZelDataItem> data(CStoreFile::parse(json, "t"));
+    const CZelString handle = drawing.addObject(*data);
+    CZelDataKey obj(L"OBJ");
+    drawing.objectData(handle)->put(&obj, ZEL::mkResbuf(handle.c_str(), RTENAME));
+    drawing.currentObject[L"KLOTZ"] = handle;
+    env.object = ZEL::CAdsName(handle);
+  };
+  // A path of three folders shows the last alone; one of two is shown as it is.
+  place(R"({"TYPE": "KLOTZ", "NAME": "KLOTZ\\Eckklotz", "DICT_PATH": ["QEN", "library", "KLOTZ"]})");
+  DialogRun r = runBlock("tab 1\nexpect 1/10062 text \"Eckklotz\"\nexpect 1/10454 text \"KLOTZ\"\nok\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  place(R"({"TYPE": "KLOTZ", "NAME": "KLOTZ\\Fensterklotz", "DICT_PATH": ["werk", "KLOTZ"]})");
+  r = runBlock("tab 1\nexpect 1/10062 text \"Fensterklotz\"\nexpect 1/10454 text \"werk/KLOTZ\"\n"
+               "click 1/10430\nexpect 1/10062 text \"\"\nexpect 1/10454 text \"\"\nok\n", env);
+  EXPECT_EQ(r.status, 0) << r.err;
+  // Without a library entry the folder is the object's product system.
+  place(R"({"TYPE": "KLOTZ", "PRODSYS": "Fassade 50"})");
+  r = runBlock("tab 1\nexpect 1/10062 text \"\"\nexpect 1/10454 text \"Fassade 50\"\nok\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+}
+
+TEST_F(BlockTest, AnEmptyPresetDirectoryLeavesPresetRemovalDisabled) {
+  ZEL::cfg_dir_make(CZelDataKey::fromPath(L"*QEN_OBJ_PROP*\\*KLOTZ*"));
+  DialogRun r = runBlock("tab 1\nexpect 1/10434 disabled\nok\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+}
