@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The main job on the factory settings: builds, lists the entry functions, writes the
-# factory settings store and shows a few of its values, then opens the layer dialog on
+# factory settings store and shows a few of its values, then opens the setting-block dialog on
 # them. Further arguments go to that run, e.g. --script FILE or --country en.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -17,5 +17,5 @@ echo "== factory settings"
 echo "*HZ_KLOTZ*\\B = $("$host" store "$demo/settings.json" get '*HZ_KLOTZ*\B')"
 "$host" store "$demo/settings.json" set '*HZ_KLOTZ*\B' 40.0
 echo "after set: *HZ_KLOTZ*\\B = $("$host" store "$demo/settings.json" get '*HZ_KLOTZ*\B')"
-echo "== layer dialog (a window when a display is present; headless it opens and is cancelled)"
-"$host" run LAYER --store "$demo/settings.json" "$@"
+echo "== setting-block dialog (a window when a display is present; headless it opens and is cancelled)"
+"$host" run KLOTZ --store "$demo/settings.json" "$@"
