@@ -131,7 +131,9 @@ void CBlockTab::refresh() {
   storeArticle(article);
   SetDlgItemText(IDC_BLOCK_ARTICLE_TEXT, article.c_str());
 
-  SetDlgItemText(IDC_BLOCK_MATERIAL_TEXT, m_matMgr.matLabel(material, L"-1").c_str());
+  // A material the catalogue does not know is shown by its name.
+  const CZelString label = m_matMgr.matLabel(material, L"-1");
+  SetDlgItemText(IDC_BLOCK_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
   ZEL::cfg_set(key2(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
 
   CheckDlgButton(IDC_BLOCK_CHAMFER_CHECK, hasChamfer ? BST_CHECKED : BST_UNCHECKED);
