@@ -1,5 +1,7 @@
 #include "obj/ZelObjKey.h"
 
+#include "obj/ZelObjTypes.h"
+
 #include <cwchar>
 
 namespace ZEL {
@@ -33,7 +35,7 @@ CZelString objKey(const CZelDataItem* item, int level) {
   if (item->get(mat, &matKey) && !mat.isEmpty()) key += L":" + clean(mat);
   if (level == 3) return key;
   // The dimensions that make a different article of the same material.
-  for (const wchar_t* dim : {L"B", L"H", L"L", L"T", L"D"}) {
+  for (const wchar_t* dim : objDimKeys(type)) {
     double v = 0.0;
     CZelDataKey k(dim);
     if (item->get(v, &k)) key += CZelString(L":") + dim + L"=" + number(v);

@@ -30,7 +30,10 @@ CZelString obj_label(const CZelDataItem* item, const wchar_t* country, ObjLabelM
   if (!item) return CZelString();
   CZelString label = typePart(item, country);
   CZelString dims;
-  for (const wchar_t* dim : {L"B", L"H", L"L", L"T", L"D"}) {
+  CZelString type;
+  CZelDataKey typeKey(L"TYPE");
+  item->get(type, &typeKey);
+  for (const wchar_t* dim : objDimKeys(type)) {
     double v = 0;
     CZelDataKey k(dim);
     if (!item->get(v, &k)) continue;

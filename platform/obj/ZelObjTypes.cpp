@@ -47,3 +47,20 @@ bool isSheared(const CZelString& type) {
 }
 
 }  // namespace ZEL
+
+namespace ZEL {
+
+std::initializer_list<const wchar_t*> objDimKeys(const CZelString& type) {
+  static constexpr std::initializer_list<const wchar_t*> kWidthHeight = {L"B", L"H"};
+  static constexpr std::initializer_list<const wchar_t*> kWidth = {L"B"};
+  static constexpr std::initializer_list<const wchar_t*> kThickness = {L"D"};
+  static constexpr std::initializer_list<const wchar_t*> kLength = {L"LEN"};
+  static constexpr std::initializer_list<const wchar_t*> kAny = {L"B", L"H", L"L", L"T", L"D"};
+  if (type.match(L"KLOTZ") || type.match(L"DICHT")) return kWidthHeight;
+  if (type.match(L"SILIKON")) return kWidth;
+  if (type.match(L"FOLIE") || type.match(L"DM")) return kThickness;
+  if (type.match(L"AXIS")) return kLength;
+  return kAny;
+}
+
+}  // namespace ZEL

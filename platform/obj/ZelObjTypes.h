@@ -3,6 +3,8 @@
 
 #include "data/CZelString.h"
 
+#include <initializer_list>
+
 namespace ZEL {
 
 struct ObjTypeInfo {
@@ -21,6 +23,12 @@ CZelString objTypeLabel(const CZelString& type, const wchar_t* country);
 }  // namespace ZEL
 
 namespace ZEL {
+
+// The dimensions that tell two objects of a type and material apart, in the order labels
+// and article keys name them: the setting block's and seal's width and height, the
+// silicone joint's width, the membrane's and insulation's thickness, the axis symbol's
+// length; other types their widths, heights, lengths and thicknesses.
+std::initializer_list<const wchar_t*> objDimKeys(const CZelString& type);
 
 // Whether the drawing shows objects of the type sheared (the edited object is then drawn
 // distorted, and the dialogs say so).
