@@ -3,14 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int kArcSegmentsPerTurn = 72;
-// Lines walked across the outline, drawn or not: bounds the work as the segment cap bounds
-// what is painted.
-constexpr double kMaxHatchLines = 4000;
+// Lines cut with the outline (those that may carry a dash inside it), and lines looked at
+// at all: they bound the work as the segment cap bounds what is painted.
+constexpr double kMaxCutLines = 4000;
+constexpr double kMaxRows = 50000;
 constexpr double kDegree = std::numbers::pi / 180.0;
 
 struct Point {
@@ -93,14 +95,27 @@ Span project(const std::vector<Point>& poly, double ax, double ay) {
   return s;
 }
 
-// Lines a family puts across the outline, and the segments it draws (an estimate that
-// assumes one stretch inside the outline per line).
-void estimate(const PlacedFamily& f, const std::vector<Point>& poly, double& lines, double& segments) {
+// What a family puts across the outline: its lines, those of them that carry a dash within
+// the outline's reach along them (all, for lines drawn through), and its segments. An
+// estimate that assumes one stretch inside the outline per line.
+struct Load {
+  double rows = 0.0, cutLines = 0.0, segments = 0.0;
+};
+
+void estimate(const PlacedFamily& f, const std::vector<Point>& poly, Load& load) {
   const Span across = project(poly, f.nx, f.ny), along = project(poly, f.ux, f.uy);
   const double rows = std::fabs(f.step) > 1e-12 ? (across.hi - across.lo) / std::fabs(f.step) + 1.0 : 1.0;
-  const double pieces = f.period > 1e-12 ? ((along.hi - along.lo) / f.period + 1.0) * f.drawn : 1.0;
-  lines += rows;
-  segments += rows * pieces;
+  load.rows += rows;
+  if (f.period <= 1e-12) {
+    load.cutLines += rows;
+    load.segments += rows;
+    return;
+  }
+  double drawnLength = 0.0;
+  for (double d : f.dashes) drawnLength += std::max(d, 0.0);
+  const double reach = along.hi - along.lo;
+  load.cutLines += rows * std::min(1.0, (reach + drawnLength) / f.period);
+  load.segments += rows * (reach / f.period + 1.0) * f.drawn;
 }
 
 class Hatcher {
@@ -111,29 +126,65 @@ public:
     const std::size_t n = m_poly.size();
     m_across.resize(n);
     m_along.resize(n);
-    double lo = 1e300, hi = -1e300;
     for (std::size_t i = 0; i < n; ++i) {
       m_across[i] = m_poly[i].x * f.nx + m_poly[i].y * f.ny;
       m_along[i] = m_poly[i].x * f.ux + m_poly[i].y * f.uy;
-      lo = std::min(lo, m_across[i]);
-      hi = std::max(hi, m_across[i]);
     }
+    const double lo = *std::min_element(m_across.begin(), m_across.end());
+    const double hi = *std::max_element(m_across.begin(), m_across.end());
+    m_alongLo = *std::min_element(m_along.begin(), m_along.end());
+    m_alongHi = *std::max_element(m_along.begin(), m_along.end());
     long first = 0, last = 0;
     if (std::fabs(f.step) > 1e-12) {
       const double a = (lo - f.d0) / f.step, b = (hi - f.d0) / f.step;
       first = static_cast<long>(std::ceil(std::min(a, b)));
       last = static_cast<long>(std::floor(std::max(a, b)));
     }
-    for (long k = first; k <= last && !full(); ++k) line(f, f.d0 + k * f.step, f.along0 + k * f.shift);
+    // The lines are visited across the outline in rising distance, with the edges that span
+    // the current distance kept active (a scan line), so a line looks at the few edges it
+    // may cross rather than all of them.
+    m_order.resize(n);
+    for (std::size_t i = 0; i < n; ++i) m_order[i] = i;
+    std::sort(m_order.begin(), m_order.end(), [this](std::size_t a, std::size_t b) { return low(a) < low(b); });
+    m_active.clear();
+    std::size_t next = 0;
+
+    // A line whose dashes all fall outside the outline's reach along the lines is not cut at
+    // all: patterns like GRAVEL have many lines with a dash only now and then. Where the
+    // outline lies in a line's dash sequence (its phase) moves by the same step from line to
+    // line; a small margin keeps rounding from dropping a dash that only just reaches in.
+    const long dir = f.step >= 0 ? 1 : -1;
+    const double reach = m_alongHi - m_alongLo, margin = 1e-6 * f.period;
+    const bool filter = f.period > 1e-12 && reach + 2 * margin < f.period;
+    if (filter) drawnIntervals(f);
+    const double phaseStep = filter ? wrap(dir * f.shift, f.period) : 0.0;
+    const long k0 = dir > 0 ? first : last;
+    double phase = filter ? wrap(m_alongLo - f.along0 - k0 * f.shift, f.period) : 0.0;
+    for (long i = 0, k = k0; i <= last - first && !full(); ++i, k += dir) {
+      const double d = f.d0 + k * f.step;
+      // Active: the edges with low < d <= high, as the crossing test below counts them.
+      while (next < n && low(m_order[next]) < d) m_active.push_back(m_order[next++]);
+      std::erase_if(m_active, [&](std::size_t e) { return high(e) < d; });
+      if (filter) {
+        const bool skip = !dashWithin(phase - margin, phase + reach + margin, f.period);
+        phase -= phaseStep;
+        if (phase < 0) phase += f.period;
+        if (skip) continue;
+      }
+      line(f, d, f.along0 + k * f.shift);
+    }
   }
 
   bool full() const { return m_out.count() >= 4 * ZEL::kMaxHatchSegments; }  // two points a segment
 
 private:
+  double low(std::size_t e) const { return std::min(m_across[e], m_across[e + 1 == m_poly.size() ? 0 : e + 1]); }
+  double high(std::size_t e) const { return std::max(m_across[e], m_across[e + 1 == m_poly.size() ? 0 : e + 1]); }
+
   void line(const PlacedFamily& f, double d, double start) {
     m_cuts.clear();
     const std::size_t n = m_poly.size();
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : m_active) {
       const std::size_t j = i + 1 == n ? 0 : i + 1;
       const double da = m_across[i] - d, db = m_across[j] - d;
       // Half-open crossing test: a line through a vertex counts it once (even-odd).
@@ -143,6 +194,29 @@ private:
     }
     std::sort(m_cuts.begin(), m_cuts.end());
     for (std::size_t i = 0; i + 1 < m_cuts.size() && !full(); i += 2) stretch(f, d, start, m_cuts[i], m_cuts[i + 1]);
+  }
+
+  static double wrap(double v, double period) {
+    v -= std::floor(v / period) * period;
+    return v < 0 || v >= period ? 0.0 : v;
+  }
+
+  // The drawn dashes and dots of one period as [from, to] from the sequence's start.
+  void drawnIntervals(const PlacedFamily& f) {
+    m_drawn.clear();
+    double pos = 0.0;
+    for (double dash : f.dashes) {
+      if (dash >= 0) m_drawn.push_back({pos, pos + dash});
+      pos += std::fabs(dash);
+    }
+  }
+
+  // Whether a drawn dash of the sequence meets [from, to] (in sequence positions, from within
+  // one period and the window shorter than one).
+  bool dashWithin(double from, double to, double period) const {
+    for (const auto& [a, b] : m_drawn)
+      if ((a <= to && b >= from) || a + period <= to || b - period >= from) return true;
+    return false;
   }
 
   // The part [s0, s1] of the line inside the outline, dashed from `start` on.
@@ -176,6 +250,9 @@ private:
   const std::vector<Point>& m_poly;
   CZelVertexArray& m_out;
   std::vector<double> m_across, m_along, m_cuts;
+  std::vector<std::size_t> m_order, m_active;
+  double m_alongLo = 0.0, m_alongHi = 0.0;
+  std::vector<std::pair<double, double>> m_drawn;
 };
 
 }  // namespace
@@ -198,17 +275,18 @@ bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const C
 
   // A tiny scale on a large outline would put millions of dashes into the preview: the
   // pattern is then drawn at the next coarser scale (doubled until the estimate fits) with at
-  // most kMaxHatchSegments segments and kMaxHatchLines lines; a hard stop at twice the
-  // segment cap catches outlines so ragged that the estimate misses.
+  // most kMaxHatchSegments segments, kMaxCutLines lines cut with the outline and kMaxRows
+  // lines looked at; a hard stop at twice the segment cap catches outlines so ragged that
+  // the estimate misses.
   std::vector<PlacedFamily> families;
   for (int round = 0; round < 64; ++round) {
     families.clear();
-    double lines = 0.0, segments = 0.0;
+    Load load;
     for (const ZelPatternLine& f : p->lines) {
       families.push_back(place(f, scale, angle));
-      estimate(families.back(), poly, lines, segments);
+      estimate(families.back(), poly, load);
     }
-    if (lines <= kMaxHatchLines && segments <= kMaxHatchSegments) break;
+    if (load.rows <= kMaxRows && load.cutLines <= kMaxCutLines && load.segments <= kMaxHatchSegments) break;
     scale *= 2.0;
   }
 
