@@ -11,7 +11,7 @@ namespace {
 constexpr int kArcSegmentsPerTurn = 72;
 // Lines cut with the outline (those that may carry a dash inside it), and lines looked at
 // at all: they bound the work as the segment cap bounds what is painted.
-constexpr double kMaxCutLines = 4000;
+constexpr double kMaxCutLines = 20000;
 constexpr double kMaxRows = 50000;
 constexpr double kDegree = std::numbers::pi / 180.0;
 
@@ -97,12 +97,14 @@ Span project(const std::vector<Point>& poly, double ax, double ay) {
 
 // What a family puts across the outline: its lines, those of them that carry a dash within
 // the outline's reach along them (all, for lines drawn through), and its segments. An
-// estimate that assumes one stretch inside the outline per line.
+// estimate that assumes one stretch inside the outline per line: a window of length R on a
+// line meets a dash of length l in (R + l) / period of the lines, on average, and an area A
+// holds A / (line distance × period) of each dash's starts.
 struct Load {
   double rows = 0.0, cutLines = 0.0, segments = 0.0;
 };
 
-void estimate(const PlacedFamily& f, const std::vector<Point>& poly, Load& load) {
+void estimate(const PlacedFamily& f, const std::vector<Point>& poly, double area, Load& load) {
   const Span across = project(poly, f.nx, f.ny), along = project(poly, f.ux, f.uy);
   const double rows = std::fabs(f.step) > 1e-12 ? (across.hi - across.lo) / std::fabs(f.step) + 1.0 : 1.0;
   load.rows += rows;
@@ -115,7 +117,9 @@ void estimate(const PlacedFamily& f, const std::vector<Point>& poly, Load& load)
   for (double d : f.dashes) drawnLength += std::max(d, 0.0);
   const double reach = along.hi - along.lo;
   load.cutLines += rows * std::min(1.0, (reach + drawnLength) / f.period);
-  load.segments += rows * (reach / f.period + 1.0) * f.drawn;
+  const double width = across.hi - across.lo;
+  load.segments += std::fabs(f.step) > 1e-12 ? (f.drawn * area + drawnLength * width) / (std::fabs(f.step) * f.period)
+                                             : (f.drawn * reach + drawnLength) / f.period;
 }
 
 class Hatcher {
@@ -137,6 +141,8 @@ public:
     long first = 0, last = 0;
     if (std::fabs(f.step) > 1e-12) {
       const double a = (lo - f.d0) / f.step, b = (hi - f.d0) / f.step;
+      // So far from the pattern's origin that line numbers lose their precision: not drawn.
+      if (!(std::fabs(a) < 1e15 && std::fabs(b) < 1e15)) return;
       first = static_cast<long>(std::ceil(std::min(a, b)));
       last = static_cast<long>(std::floor(std::max(a, b)));
     }
@@ -227,17 +233,21 @@ private:
       emit(f, d, s0, s1);
       return;
     }
-    double pos = start + std::floor((s0 - start) / f.period) * f.period;
-    while (pos < s1 && !full()) {
+    // Periods are counted rather than added up, so that far from the origin, where a
+    // period may be below the coordinates' precision, the walk still ends.
+    for (double j = std::floor((s0 - start) / f.period); !full(); j += 1.0) {
+      const double base = start + j * f.period;
+      if (base >= s1) break;
+      double offset = 0.0;
       for (double dash : f.dashes) {
-        const double len = std::fabs(dash);
+        const double pos = base + offset, len = std::fabs(dash);
         if (dash > 0) {
           const double a = std::max(pos, s0), b = std::min(pos + len, s1);
           if (a < b) emit(f, d, a, b);
         } else if (dash == 0 && pos >= s0 && pos <= s1) {
           emit(f, d, pos, pos);
         }
-        pos += len;
+        offset += len;
       }
     }
   }
@@ -263,9 +273,12 @@ bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const C
                      double angle, CZelColor color) {
   const ZelHatchPattern* p = findHatchPattern(pattern);
   if (!p) return false;
-  // Fewer than three corners (after the arcs' chords) enclose nothing.
+  // Fewer than three corners (after the arcs' chords) enclose nothing; an outline with a
+  // coordinate that is not a number has no inside either.
   const std::vector<Point> poly = flatten(outline);
   if (poly.size() < 3) return true;
+  for (const Point& q : poly)
+    if (!std::isfinite(q.x) || !std::isfinite(q.y)) return true;
   if (p->solid) {
     list.addFill(outline, color);
     return true;
@@ -278,17 +291,27 @@ bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const C
   // most kMaxHatchSegments segments, kMaxCutLines lines cut with the outline and kMaxRows
   // lines looked at; a hard stop at twice the segment cap catches outlines so ragged that
   // the estimate misses.
+  double area = 0.0;  // shoelace; what an outline that crosses itself encloses at most
+  for (std::size_t i = 0; i < poly.size(); ++i) {
+    const Point& a = poly[i];
+    const Point& b = poly[i + 1 == poly.size() ? 0 : i + 1];
+    area += a.x * b.y - b.x * a.y;
+  }
+  area = std::fabs(area) / 2.0;
+
   std::vector<PlacedFamily> families;
-  for (int round = 0; round < 64; ++round) {
+  bool fits = false;
+  for (int round = 0; round < 64 && !fits; ++round) {
     families.clear();
     Load load;
     for (const ZelPatternLine& f : p->lines) {
       families.push_back(place(f, scale, angle));
-      estimate(families.back(), poly, load);
+      estimate(families.back(), poly, area, load);
     }
-    if (load.rows <= kMaxRows && load.cutLines <= kMaxCutLines && load.segments <= kMaxHatchSegments) break;
-    scale *= 2.0;
+    fits = load.rows <= kMaxRows && load.cutLines <= kMaxCutLines && load.segments <= kMaxHatchSegments;
+    if (!fits) scale *= 2.0;
   }
+  if (!fits) return true;  // only an outline of astronomic size gets here
 
   CZelVertexArray segments;
   Hatcher hatcher(poly, segments);
