@@ -11,6 +11,10 @@ namespace {
 // family: angle, x-origin, y-origin, delta-x, delta-y[, dash, ...]. Written from the published
 // definitions of the CAD program's standard pattern file.
 //
+// Two patterns are reconstructed rather than copied: HEX (columns of hexagons of 1/8 in
+// sides, stacked on their flat sides) and HONEY (the honeycomb of the same hexagons) are
+// written so that every edge of the hexagons repeats on one cell; GRAVEL is built below.
+//
 // Units: the add-on draws in millimetres, so the table holds the metric versions (as the
 // ISO pattern file has them): the inch patterns below are multiplied by 25.4 when the table
 // is built, the ISO line patterns are already in millimetres. Scale 1 in a millimetre
@@ -164,12 +168,14 @@ constexpr std::string_view kInchPatterns = R"(
 90, 0,0, 0,.125
 *HEX, Hexagons
 0, 0,0, 0,.216506351, .125,-.25
-120, .125,0, 0,.216506351, .125,-.25
-60, .1875,.108253175, 0,.216506351, .125,-.25
+60, .125,0, .1875,.108253175, .125,-.625
+60, -.0625,.108253175, .1875,.108253175, .125,-.625
+120, 0,0, -.1875,.108253175, .125,-.625
+120, .1875,.108253175, -.1875,.108253175, .125,-.625
 *HONEY, Honeycomb pattern
 0, 0,0, .1875,.108253175, .125,-.25
-120, .125,0, .1875,.108253175, .125,-.25
-60, .125,0, .1875,.108253175, -.25,.125
+120, .125,0, .1875,.108253175, -.25,.125
+60, .125,0, .1875,.108253175, .125,-.25
 *HOUND, Houndstooth check
 0, 0,0, .25,.0625, 1,-.5
 90, 0,0, -.25,.0625, 1,-.5

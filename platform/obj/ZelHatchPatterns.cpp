@@ -3,14 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int kArcSegmentsPerTurn = 72;
-// Lines walked across the outline, drawn or not: bounds the work as the segment cap bounds
-// what is painted.
-constexpr double kMaxHatchLines = 4000;
+// Lines cut with the outline (those that may carry a dash inside it), and lines looked at
+// at all: they bound the work as the segment cap bounds what is painted.
+constexpr double kMaxCutLines = 20000;
+constexpr double kMaxRows = 50000;
 constexpr double kDegree = std::numbers::pi / 180.0;
 
 struct Point {
@@ -93,14 +95,31 @@ Span project(const std::vector<Point>& poly, double ax, double ay) {
   return s;
 }
 
-// Lines a family puts across the outline, and the segments it draws (an estimate that
-// assumes one stretch inside the outline per line).
-void estimate(const PlacedFamily& f, const std::vector<Point>& poly, double& lines, double& segments) {
+// What a family puts across the outline: its lines, those of them that carry a dash within
+// the outline's reach along them (all, for lines drawn through), and its segments. An
+// estimate that assumes one stretch inside the outline per line: a window of length R on a
+// line meets a dash of length l in (R + l) / period of the lines, on average, and an area A
+// holds A / (line distance × period) of each dash's starts.
+struct Load {
+  double rows = 0.0, cutLines = 0.0, segments = 0.0;
+};
+
+void estimate(const PlacedFamily& f, const std::vector<Point>& poly, double area, Load& load) {
   const Span across = project(poly, f.nx, f.ny), along = project(poly, f.ux, f.uy);
   const double rows = std::fabs(f.step) > 1e-12 ? (across.hi - across.lo) / std::fabs(f.step) + 1.0 : 1.0;
-  const double pieces = f.period > 1e-12 ? ((along.hi - along.lo) / f.period + 1.0) * f.drawn : 1.0;
-  lines += rows;
-  segments += rows * pieces;
+  load.rows += rows;
+  if (f.period <= 1e-12) {
+    load.cutLines += rows;
+    load.segments += rows;
+    return;
+  }
+  double drawnLength = 0.0;
+  for (double d : f.dashes) drawnLength += std::max(d, 0.0);
+  const double reach = along.hi - along.lo;
+  load.cutLines += rows * std::min(1.0, (reach + drawnLength) / f.period);
+  const double width = across.hi - across.lo;
+  load.segments += std::fabs(f.step) > 1e-12 ? (f.drawn * area + drawnLength * width) / (std::fabs(f.step) * f.period)
+                                             : (f.drawn * reach + drawnLength) / f.period;
 }
 
 class Hatcher {
@@ -111,29 +130,67 @@ public:
     const std::size_t n = m_poly.size();
     m_across.resize(n);
     m_along.resize(n);
-    double lo = 1e300, hi = -1e300;
     for (std::size_t i = 0; i < n; ++i) {
       m_across[i] = m_poly[i].x * f.nx + m_poly[i].y * f.ny;
       m_along[i] = m_poly[i].x * f.ux + m_poly[i].y * f.uy;
-      lo = std::min(lo, m_across[i]);
-      hi = std::max(hi, m_across[i]);
     }
+    const double lo = *std::min_element(m_across.begin(), m_across.end());
+    const double hi = *std::max_element(m_across.begin(), m_across.end());
+    m_alongLo = *std::min_element(m_along.begin(), m_along.end());
+    m_alongHi = *std::max_element(m_along.begin(), m_along.end());
     long first = 0, last = 0;
     if (std::fabs(f.step) > 1e-12) {
       const double a = (lo - f.d0) / f.step, b = (hi - f.d0) / f.step;
+      // So far from the pattern's origin that line numbers lose their precision: not drawn.
+      if (!(std::fabs(a) < 1e15 && std::fabs(b) < 1e15)) return;
       first = static_cast<long>(std::ceil(std::min(a, b)));
       last = static_cast<long>(std::floor(std::max(a, b)));
     }
-    for (long k = first; k <= last && !full(); ++k) line(f, f.d0 + k * f.step, f.along0 + k * f.shift);
+    // The lines are visited across the outline in rising distance, with the edges that span
+    // the current distance kept active (a scan line), so a line looks at the few edges it
+    // may cross rather than all of them.
+    m_order.resize(n);
+    for (std::size_t i = 0; i < n; ++i) m_order[i] = i;
+    std::sort(m_order.begin(), m_order.end(), [this](std::size_t a, std::size_t b) { return low(a) < low(b); });
+    m_active.clear();
+    std::size_t next = 0;
+
+    // A line whose dashes all fall outside the outline's reach along the lines is not cut at
+    // all: patterns like GRAVEL have many lines with a dash only now and then. Where the
+    // outline lies in a line's dash sequence (its phase) moves by the same step from line to
+    // line; a small margin keeps rounding from dropping a dash that only just reaches in.
+    const long dir = f.step >= 0 ? 1 : -1;
+    const double reach = m_alongHi - m_alongLo, margin = 1e-6 * f.period;
+    const bool filter = f.period > 1e-12 && reach + 2 * margin < f.period;
+    if (filter) drawnIntervals(f);
+    const double phaseStep = filter ? wrap(dir * f.shift, f.period) : 0.0;
+    const long k0 = dir > 0 ? first : last;
+    double phase = filter ? wrap(m_alongLo - f.along0 - k0 * f.shift, f.period) : 0.0;
+    for (long i = 0, k = k0; i <= last - first && !full(); ++i, k += dir) {
+      const double d = f.d0 + k * f.step;
+      // Active: the edges with low < d <= high, as the crossing test below counts them.
+      while (next < n && low(m_order[next]) < d) m_active.push_back(m_order[next++]);
+      std::erase_if(m_active, [&](std::size_t e) { return high(e) < d; });
+      if (filter) {
+        const bool skip = !dashWithin(phase - margin, phase + reach + margin, f.period);
+        phase -= phaseStep;
+        if (phase < 0) phase += f.period;
+        if (skip) continue;
+      }
+      line(f, d, f.along0 + k * f.shift);
+    }
   }
 
   bool full() const { return m_out.count() >= 4 * ZEL::kMaxHatchSegments; }  // two points a segment
 
 private:
+  double low(std::size_t e) const { return std::min(m_across[e], m_across[e + 1 == m_poly.size() ? 0 : e + 1]); }
+  double high(std::size_t e) const { return std::max(m_across[e], m_across[e + 1 == m_poly.size() ? 0 : e + 1]); }
+
   void line(const PlacedFamily& f, double d, double start) {
     m_cuts.clear();
     const std::size_t n = m_poly.size();
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : m_active) {
       const std::size_t j = i + 1 == n ? 0 : i + 1;
       const double da = m_across[i] - d, db = m_across[j] - d;
       // Half-open crossing test: a line through a vertex counts it once (even-odd).
@@ -145,6 +202,29 @@ private:
     for (std::size_t i = 0; i + 1 < m_cuts.size() && !full(); i += 2) stretch(f, d, start, m_cuts[i], m_cuts[i + 1]);
   }
 
+  static double wrap(double v, double period) {
+    v -= std::floor(v / period) * period;
+    return v < 0 || v >= period ? 0.0 : v;
+  }
+
+  // The drawn dashes and dots of one period as [from, to] from the sequence's start.
+  void drawnIntervals(const PlacedFamily& f) {
+    m_drawn.clear();
+    double pos = 0.0;
+    for (double dash : f.dashes) {
+      if (dash >= 0) m_drawn.push_back({pos, pos + dash});
+      pos += std::fabs(dash);
+    }
+  }
+
+  // Whether a drawn dash of the sequence meets [from, to] (in sequence positions, from within
+  // one period and the window shorter than one).
+  bool dashWithin(double from, double to, double period) const {
+    for (const auto& [a, b] : m_drawn)
+      if ((a <= to && b >= from) || a + period <= to || b - period >= from) return true;
+    return false;
+  }
+
   // The part [s0, s1] of the line inside the outline, dashed from `start` on.
   void stretch(const PlacedFamily& f, double d, double start, double s0, double s1) {
     // A line that only touches a corner has nothing inside.
@@ -153,17 +233,21 @@ private:
       emit(f, d, s0, s1);
       return;
     }
-    double pos = start + std::floor((s0 - start) / f.period) * f.period;
-    while (pos < s1 && !full()) {
+    // Periods are counted rather than added up, so that far from the origin, where a
+    // period may be below the coordinates' precision, the walk still ends.
+    for (double j = std::floor((s0 - start) / f.period); !full(); j += 1.0) {
+      const double base = start + j * f.period;
+      if (base >= s1) break;
+      double offset = 0.0;
       for (double dash : f.dashes) {
-        const double len = std::fabs(dash);
+        const double pos = base + offset, len = std::fabs(dash);
         if (dash > 0) {
           const double a = std::max(pos, s0), b = std::min(pos + len, s1);
           if (a < b) emit(f, d, a, b);
         } else if (dash == 0 && pos >= s0 && pos <= s1) {
           emit(f, d, pos, pos);
         }
-        pos += len;
+        offset += len;
       }
     }
   }
@@ -176,6 +260,9 @@ private:
   const std::vector<Point>& m_poly;
   CZelVertexArray& m_out;
   std::vector<double> m_across, m_along, m_cuts;
+  std::vector<std::size_t> m_order, m_active;
+  double m_alongLo = 0.0, m_alongHi = 0.0;
+  std::vector<std::pair<double, double>> m_drawn;
 };
 
 }  // namespace
@@ -186,9 +273,12 @@ bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const C
                      double angle, CZelColor color) {
   const ZelHatchPattern* p = findHatchPattern(pattern);
   if (!p) return false;
-  // Fewer than three corners (after the arcs' chords) enclose nothing.
+  // Fewer than three corners (after the arcs' chords) enclose nothing; an outline with a
+  // coordinate that is not a number has no inside either.
   const std::vector<Point> poly = flatten(outline);
   if (poly.size() < 3) return true;
+  for (const Point& q : poly)
+    if (!std::isfinite(q.x) || !std::isfinite(q.y)) return true;
   if (p->solid) {
     list.addFill(outline, color);
     return true;
@@ -198,19 +288,30 @@ bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const C
 
   // A tiny scale on a large outline would put millions of dashes into the preview: the
   // pattern is then drawn at the next coarser scale (doubled until the estimate fits) with at
-  // most kMaxHatchSegments segments and kMaxHatchLines lines; a hard stop at twice the
-  // segment cap catches outlines so ragged that the estimate misses.
+  // most kMaxHatchSegments segments, kMaxCutLines lines cut with the outline and kMaxRows
+  // lines looked at; a hard stop at twice the segment cap catches outlines so ragged that
+  // the estimate misses.
+  double area = 0.0;  // shoelace; what an outline that crosses itself encloses at most
+  for (std::size_t i = 0; i < poly.size(); ++i) {
+    const Point& a = poly[i];
+    const Point& b = poly[i + 1 == poly.size() ? 0 : i + 1];
+    area += a.x * b.y - b.x * a.y;
+  }
+  area = std::fabs(area) / 2.0;
+
   std::vector<PlacedFamily> families;
-  for (int round = 0; round < 64; ++round) {
+  bool fits = false;
+  for (int round = 0; round < 64 && !fits; ++round) {
     families.clear();
-    double lines = 0.0, segments = 0.0;
+    Load load;
     for (const ZelPatternLine& f : p->lines) {
       families.push_back(place(f, scale, angle));
-      estimate(families.back(), poly, lines, segments);
+      estimate(families.back(), poly, area, load);
     }
-    if (lines <= kMaxHatchLines && segments <= kMaxHatchSegments) break;
-    scale *= 2.0;
+    fits = load.rows <= kMaxRows && load.cutLines <= kMaxCutLines && load.segments <= kMaxHatchSegments;
+    if (!fits) scale *= 2.0;
   }
+  if (!fits) return true;  // only an outline of astronomic size gets here
 
   CZelVertexArray segments;
   Hatcher hatcher(poly, segments);

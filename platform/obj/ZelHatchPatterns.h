@@ -15,7 +15,10 @@ namespace ZEL {
 
 // Adds the closed outline hatched with the pattern at scale and angle (radians) in the
 // colour: SOLID as a fill, any other known pattern by its line families, clipped to the
-// outline. False, and nothing added, for a pattern that is not known.
+// outline (even-odd, arcs of bulged segments as chords), all dashes as one segments item.
+// The scale is taken by its size, 0 or not a number as 1; an angle that is not a number as
+// 0. False, and nothing added, for a pattern that is not known; true and nothing added for
+// an outline that encloses nothing.
 bool addPatternHatch(CDisplayList& list, const CZelVertexArray& outline, const CZelString& pattern, double scale,
                      double angle, CZelColor color);
 

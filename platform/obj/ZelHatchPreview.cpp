@@ -42,9 +42,11 @@ CZelString hatchPreview(const CZelString& pattern, double scale, double angle) {
   CZelString text = pattern + L" scale " + number(scale) + L" angle " + number(degrees) + L"°";
   const ZelHatchPattern* p = findHatchPattern(pattern);
   if (!p) return text + L": line families not known";
+  // The spacings drawn: a scale of 0 or one that is not a number draws at 1.
+  const double drawn = std::isfinite(scale) && scale != 0.0 ? std::abs(scale) : 1.0;
   std::vector<CZelString> named;
   for (const ZelPatternLine& f : p->lines) {
-    CZelString one = family(f, std::abs(scale), degrees);
+    CZelString one = family(f, drawn, degrees);
     bool seen = false;
     for (const CZelString& n : named) seen = seen || n == one;
     if (!seen) named.push_back(one);

@@ -1,6 +1,7 @@
 // What a preview shows: a display list in drawing units (lines, arcs, polylines with bulges,
-// filled and hatched areas, sets of line segments, each in its colour) and the zoom the picture asks for. The
-// preview frame keeps it; a window backend paints it, a script reads its description.
+// filled and hatched areas, sets of line segments, each in its colour) and the zoom the
+// picture asks for. The preview frame keeps it; a window backend paints it, a script reads
+// its description.
 #pragma once
 
 #include "data/CZelColor.h"

@@ -5,6 +5,8 @@
 
 #include "backend/wx/CWxBackend.h"
 #include "backend/wx/CWxPreviewPainter.h"
+#include "obj/ZelHatchPatterns.h"
+#include "obj/ZelHatchPreview.h"
 
 #include <gtest/gtest.h>
 
@@ -73,6 +75,44 @@ TEST_F(CWxPreviewPainterTest, HatchLinesStayInsideTheirOutline) {
   EXPECT_GT(redInside, 200);
   EXPECT_EQ(redOutside, 0);
   EXPECT_EQ(at(img, 10, 100), wxColour(0, 0, 0)) << "colour 7 is black on white";
+}
+
+TEST_F(CWxPreviewPainterTest, PatternDashesAndDotsArePaintedInsideTheirOutline) {
+  CDisplayList list;
+  list.addPolyline(square(0, 0, 100), true, CZelColor::fromIndex(7));
+  ASSERT_TRUE(ZEL::addPatternHatch(list, square(25, 25, 50), L"ANSI33", 1.0, 0.0, CZelColor::fromIndex(1)));
+  ASSERT_TRUE(ZEL::addPatternHatch(list, square(0, 0, 20), L"DOTS", 2.0, 0.0, CZelColor::fromIndex(5)));
+  wxImage img = paint(list, 200, 200);
+  int redInside = 0, redOutside = 0, blue = 0;
+  for (int y = 0; y < 200; ++y)
+    for (int x = 0; x < 200; ++x) {
+      const wxColour c = at(img, x, y);
+      if (c == wxColour(0, 0, 255)) ++blue;
+      // Slanted dashes may be drawn smoothed: any shade of red counts.
+      if (c.Red() != 255 || c.Green() != c.Blue() || c.Green() > 200) continue;
+      bool inside = x >= 54 && x <= 146 && y >= 54 && y <= 146;
+      (inside ? redInside : redOutside)++;
+    }
+  EXPECT_GT(redInside, 200);
+  EXPECT_EQ(redOutside, 0);
+  EXPECT_GT(blue, 20) << "the dots are single pixels";
+}
+
+TEST_F(CWxPreviewPainterTest, EveryStandardPatternShowsInsideItsPreviewFrame) {
+  for (const ZelHatchPattern& p : ZEL::hatchPatternTable()) {
+    const wxImage img = paint(ZEL::hatchPreviewList(p.name, 1.0, 0.0), 120, 120);
+    // The frame lies on the margin (6 pixels); what is drawn well inside it is the pattern.
+    int inked = 0;
+    for (int y = 10; y < 110; ++y)
+      for (int x = 10; x < 110; ++x)
+        if (img.GetRed(x, y) < 128) ++inked;
+    if (p.solid) {
+      EXPECT_EQ(inked, 100 * 100) << p.name.toUtf8();
+    } else {
+      EXPECT_GT(inked, 30) << p.name.toUtf8();
+      EXPECT_LT(inked, 100 * 100 * 3 / 4) << p.name.toUtf8() << ": lines, not a fill";
+    }
+  }
 }
 
 }  // namespace

@@ -31,6 +31,24 @@ TEST(ZelHatchPatternTable, HoldsTheStandardSetInMillimetres) {
     EXPECT_EQ(names.count(name), 1u) << CZelString(name).toUtf8();
 }
 
+TEST(ZelHatchPatternTable, EveryFamilyLineOfThePatternTextIsRead) {
+  // 65 patterns written out with 179 family lines between them, and GRAVEL built from stones.
+  std::size_t patterns = 0, families = 0;
+  for (const ZelHatchPattern& p : ZEL::hatchPatternTable()) {
+    if (p.name == L"GRAVEL") continue;
+    ++patterns;
+    families += p.lines.size();
+  }
+  EXPECT_EQ(patterns, 65u);
+  EXPECT_EQ(families, 179u);
+  const std::pair<const wchar_t*, std::size_t> counts[] = {{L"AR-CONC", 13}, {L"AR-PARQ1", 14}, {L"AR-BRELM", 8}, {L"EARTH", 6},
+                                                           {L"HEX", 5}, {L"ACAD_ISO15W100", 2}, {L"MUDST", 1}};
+  for (const auto& [name, count] : counts) EXPECT_EQ(ZEL::findHatchPattern(name)->lines.size(), count) << CZelString(name).toUtf8();
+  // Dots and negative numbers read as written: MUDST is a dash, a gap, a dot, a gap, a dot and a gap.
+  EXPECT_EQ(ZEL::findHatchPattern(L"MUDST")->lines[0].dashes,
+            (std::vector<double>{6.35, -6.35, 0.0, -6.35, 0.0, -6.35}));
+}
+
 TEST(ZelHatchPatternTable, InchPatternsAreTurnedIntoMillimetres) {
   const ZelHatchPattern* ansi31 = ZEL::findHatchPattern(L"ansi31");
   ASSERT_NE(ansi31, nullptr);
