@@ -1,6 +1,8 @@
 #include "ui/CZelDplistImage.h"
 
 #include <cwchar>
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -18,11 +20,19 @@ CZelString box(const CDisplayExtents& e) {
 // What a script reads of the picture: how many elements of each kind, where the drawing
 // lies and which part of it is shown.
 CZelString describe(const CDisplayList& list) {
-  int counts[5] = {};
-  for (const CDisplayList::Item& item : list.items()) ++counts[static_cast<int>(item.kind)];
-  static const wchar_t* const names[5] = {L"lines", L"arcs", L"polylines", L"fills", L"hatches"};
+  using Kind = CDisplayList::Kind;
+  static constexpr std::pair<Kind, const wchar_t*> kNames[] = {{Kind::Line, L"lines"},   {Kind::Arc, L"arcs"},
+                                                               {Kind::Polyline, L"polylines"}, {Kind::Fill, L"fills"},
+                                                               {Kind::Hatch, L"hatches"},  {Kind::Segments, L"hatches"}};
+  constexpr int kCount = static_cast<int>(std::size(kNames));
+  int counts[kCount] = {};
+  const wchar_t* names[kCount] = {};
+  for (const CDisplayList::Item& item : list.items())
+    for (int i = 0; i < kCount; ++i)
+      if (kNames[i].first == item.kind) ++counts[i];
+  for (int i = 0; i < kCount; ++i) names[i] = kNames[i].second;
   CZelString text;
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < kCount; ++i) {
     if (!counts[i]) continue;
     if (!text.isEmpty()) text += L", ";
     text += CZelString(std::to_wstring(counts[i])) + L" " + names[i];
