@@ -212,3 +212,27 @@ TEST_F(QenHostTest, ABadDrawingEndsWithStatusTwoNamingTheFileAndTheKey) {
   EXPECT_EQ(nested.status, 2) << nested.out.substr(0, 400);
   EXPECT_NE(nested.out.find(path("deep.json") + ":1:142: nested more than"), std::string::npos) << nested.out.substr(0, 400);
 }
+
+TEST_F(QenHostTest, TextThatIsNotValidUnicodeTypedIntoADialogLeavesEveryFileLoadable) {
+  ASSERT_EQ(run("init --store " + path("s.json")).status, 0);
+  // A label typed with a lone surrogate as CESU-8 writes it (U+D800 = ED A0 80), saved to the
+  // shared list file, the store and the drawing.
+  write(path("cesu.qds"),
+        "menu 2001 10 30\n"
+        "choose 32769\n"
+        "label 2001 2 \"Band \xED\xA0\x80 X\"\n"
+        "click 10022\n"
+        "expect-box \"Dichtung 10 x 3\\nEPDM\\nTexte gespeichert\"\n"
+        "ok\n");
+  Result r = run("run LABEL --headless --store " + path("s.json") + " --drawing " + QEN_SOURCE_DIR +
+                 "/tests/scripts/drawings/labels.json --record object=4D --drawing-out " + path("d.json") + " --script " +
+                 path("cesu.qds"));
+  EXPECT_EQ(r.status, 0) << r.out;
+  for (const char* file : {"s.json", "qen_obj_prop.dex"}) {
+    Result check = run("store " + path(file) + " check");
+    EXPECT_EQ(check.status, 0) << file << "\n" << check.out;
+    EXPECT_NE(slurp(path(file)).find("Band \xEF\xBF\xBD X"), std::string::npos) << file;
+  }
+  Result again = run("run LABEL --headless --store " + path("s.json") + " --drawing " + path("d.json") + " --record object=4D");
+  EXPECT_EQ(again.out.find(path("d.json")), std::string::npos) << again.out;  // the drawing loads again
+}
