@@ -1,11 +1,13 @@
 // Store files of 100,000 values: load and save against nlohmann-json parsing and dumping
-// the same text alone, and lookups by a backslash path of depth 4.
+// the same text alone, lookups by a backslash path of depth 4, and one long list loaded
+// at growing lengths (the time per element must stay flat: loading is linear).
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -74,6 +76,24 @@ void BM_LookupByPathOfDepth4(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_LookupByPathOfDepth4);
+
+// {"A": [0, 1, 2, …]} with state.range(0) elements.
+void BM_LoadLongList(benchmark::State& state) {
+  std::string text = "{\"A\": [";
+  for (std::int64_t i = 0; i < state.range(0); ++i) {
+    if (i) text += ", ";
+    text += std::to_string(i % 1000);
+  }
+  text += "]}\n";
+  for (auto _ : state) {
+    std::unique_ptr<CZelDataItem> item(CStoreFile::parse(text, "bench"));
+    if (!item) state.SkipWithError("the list was refused");
+    benchmark::DoNotOptimize(item);
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_LoadLongList)->RangeMultiplier(4)->Range(10000, 2560000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 
 }  // namespace
 

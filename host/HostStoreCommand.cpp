@@ -1,10 +1,12 @@
 // qen-host store FILE get|set|remove|check: direct work on a store file.
 #include "HostCommands.h"
 
+#include "data/CJsonText.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/CZelDataItem.h"
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -45,7 +47,7 @@ int hostStore(const std::vector<std::string>& args) {
     if (!needs(2)) return fail("store FILE check takes no further arguments");
     std::string bytes;
     if (!CStoreFile::readFile(path, bytes)) return fail(ZEL::lastFileError());
-    std::unique_ptr<CZelDataItem> item(CStoreFile::parse(bytes, path));
+    std::unique_ptr<CZelDataItem> item(CStoreFile::parseDirectory(bytes, path));
     if (!item) return fail(ZEL::lastFileError(), 1);
     Counts c;
     count(*item, c);
@@ -55,7 +57,11 @@ int hostStore(const std::vector<std::string>& args) {
     return 0;
   }
 
-  std::unique_ptr<CZelDataItem> root(CStoreFile::load(path));
+  // No store nests deeper than its files may, so neither does a key.
+  if (args.size() >= 3 && std::count(args[2].begin(), args[2].end(), '\\') >= CJsonText::kMaxDepth)
+    return fail(args[2].substr(0, 40) + "...: a key has at most " + std::to_string(CJsonText::kMaxDepth) + " parts");
+  // A file that is refused is never written: the verbs below work on what loaded.
+  std::unique_ptr<CZelDataItem> root(CStoreFile::loadDirectory(path));
   if (!root) return fail(ZEL::lastFileError());
   if (verb == "get") {
     if (!needs(3)) return fail("store FILE get takes one KEY");

@@ -16,13 +16,8 @@ void CConfig::reset(CZelDataItem* root) {
 }
 
 bool CConfig::loadFromFile(const std::string& path) {
-  CZelDataItem* loaded = CStoreFile::load(path);
+  CZelDataItem* loaded = CStoreFile::loadDirectory(path);
   if (!loaded) return false;
-  if (!loaded->isDir()) {
-    delete loaded;
-    setLastFileError(path + ":1:1: a settings store must hold a directory (a JSON object) at its top");
-    return false;
-  }
   m_root.reset(loaded);
   return true;
 }

@@ -1,19 +1,20 @@
 #include "data/CStoreFile.h"
 
+#include "data/CJsonText.h"
+#include "data/CStoreWriter.h"
 #include "data/CZelDataDir.h"
 #include "data/CZelDataItem.h"
 #include "data/resbuf.h"
 
 #include <nlohmann/json.hpp>
 
-#include <charconv>
-#include <cmath>
+#include <cerrno>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
+#include <cstring>
+#include <fcntl.h>
 #include <limits>
 #include <memory>
-#include <sstream>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -32,59 +33,9 @@ namespace {
 
 using json = nlohmann::json;
 
-// An input iterator over the file's bytes that tells the parser's reading position, so
-// that errors found while building items can name the line and column too.
-struct TrackedIter {
-  using iterator_category = std::input_iterator_tag;
-  using value_type = char;
-  using difference_type = std::ptrdiff_t;
-  using pointer = const char*;
-  using reference = const char&;
-  const char* p = nullptr;
-  const char** pos = nullptr;
-  const char& operator*() const { return *p; }
-  TrackedIter& operator++() { ++p; if (pos) *pos = p; return *this; }
-  TrackedIter operator++(int) { TrackedIter t = *this; ++*this; return t; }
-  friend bool operator==(const TrackedIter& a, const TrackedIter& b) { return a.p == b.p; }
-  friend bool operator!=(const TrackedIter& a, const TrackedIter& b) { return a.p != b.p; }
-};
+using TrackedIter = CJsonText::TrackedIter;
 
-// The parser stops just past the token it could not use; point at that token's start.
-// Values found wrong while building were read with one character of lookahead past them.
-std::size_t tokenStart(std::string_view text, std::size_t end, bool lookahead = false) {
-  auto space = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
-  auto structural = [](char c) { return c == '{' || c == '}' || c == '[' || c == ']' || c == ',' || c == ':'; };
-  if (end > text.size()) end = text.size();
-  std::size_t i = end;
-  if (lookahead && i > 0 && structural(text[i - 1]) && i >= 2 && !structural(text[i - 2]) && !space(text[i - 2])) --i;
-  while (i > 0 && space(text[i - 1])) --i;
-  if (i > 0 && structural(text[i - 1])) return i - 1;
-  while (i > 0 && !space(text[i - 1]) && !structural(text[i - 1])) --i;
-  return i;
-}
-
-std::string place(std::string_view text, std::size_t offset) {
-  if (offset > text.size()) offset = text.size();
-  std::size_t line = 1;
-  std::size_t col = 1;
-  for (std::size_t i = 0; i < offset; ++i) {
-    auto c = static_cast<unsigned char>(text[i]);
-    if (c == '\n') { ++line; col = 1; }
-    else if ((c & 0xC0) != 0x80) ++col;  // count characters, not UTF-8 bytes
-  }
-  return std::to_string(line) + ":" + std::to_string(col);
-}
-
-// nlohmann's message without its own "[json.exception…] parse error at …:" prefix.
-std::string cleanMessage(const std::string& what) {
-  std::size_t at = what.find("column ");
-  if (at != std::string::npos) {
-    std::size_t colon = what.find(": ", at);
-    if (colon != std::string::npos) return what.substr(colon + 2);
-  }
-  std::size_t bracket = what.find("] ");
-  return bracket == std::string::npos ? what : what.substr(bracket + 2);
-}
+std::string describe(const std::string& raw) { return raw.size() > 40 ? raw.substr(0, 37) + "..." : raw; }
 
 resbuf* specialToRb(const std::string& form, const json& v, std::string& err);
 
@@ -107,13 +58,16 @@ resbuf* jsonToRb(const json& v, std::string& err) {
     }
     case json::value_t::array: {
       if (v.empty()) return ZEL::newRb(RTNIL);
-      resbuf* chain = nullptr;
+      resbuf* list = ZEL::newRb(RTLB);
+      resbuf* tail = list;
       for (const auto& e : v) {
         resbuf* rb = jsonToRb(e, err);
-        if (!rb) { zelRelRb(chain); return nullptr; }
-        chain = ZEL::rbAppend(chain, rb);
+        if (!rb) { zelRelRb(list); return nullptr; }
+        tail->rbnext = rb;
+        tail = ZEL::rbLast(rb);
       }
-      return ZEL::rbToList(chain);
+      tail->rbnext = ZEL::newRb(RTLE);
+      return list;
     }
     case json::value_t::object: {
       if (v.size() != 1 || v.begin().key().empty() || v.begin().key()[0] != '$') {
@@ -186,19 +140,27 @@ public:
   bool boolean(bool val) override { return scalar(ZEL::newRb(val ? RTT : RTNIL), val ? json(true) : json(false)); }
   bool number_integer(number_integer_t val) override { return number(json(val)); }
   bool number_unsigned(number_unsigned_t val) override { return number(json(val)); }
-  bool number_float(number_float_t val, const string_t&) override { return scalar(ZEL::mkRbReal(val), json(val)); }
+  bool number_float(number_float_t val, const string_t& raw) override {
+    if (CJsonText::isOverlongInteger(raw))
+      return fail("integer " + describe(raw) + " does not fit a long (32 bits); write it with a '.' to store a real");
+    if (CJsonText::underflows(val, raw)) return fail("real " + describe(raw) + " is too small to be kept: it would read as 0.0");
+    return scalar(ZEL::mkRbReal(val), json(val));
+  }
   bool string(string_t& val) override {
+    if (val.find('\0') != std::string::npos) return fail("U+0000 cannot stand in a string");
     if (capturing()) return scalar(nullptr, json(val));
     return scalar(ZEL::mkResbuf(CZelString::fromUtf8(val).c_str()), nullptr);
   }
   bool binary(binary_t&) override { return fail("binary values are not supported"); }
 
   bool start_object(std::size_t) override {
+    if (!enter()) return false;
     if (capturing()) return captureOpen(json::object());
     m_frames.push_back(Frame(Frame::Pending));
     return true;
   }
   bool key(string_t& val) override {
+    if (val.find('\0') != std::string::npos) return fail("U+0000 cannot stand in a name");
     if (capturing() && m_frames.back().openDepth > 0) { m_frames.back().pendingKey = val; return true; }
     Frame& f = m_frames.back();
     if (f.kind == Frame::Pending) {
@@ -223,6 +185,7 @@ public:
     return true;
   }
   bool end_object() override {
+    --m_depth;
     if (capturing() && m_frames.back().openDepth > 0) return captureClose();
     Frame f = std::move(m_frames.back());
     m_frames.pop_back();
@@ -241,19 +204,25 @@ public:
     return deliver(rb);
   }
   bool start_array(std::size_t) override {
+    if (!enter()) return false;
     if (capturing()) return captureOpen(json::array());
     m_frames.push_back(Frame(Frame::List));
     return true;
   }
   bool end_array() override {
+    --m_depth;
     if (capturing()) return captureClose();
     Frame f = std::move(m_frames.back());
     m_frames.pop_back();
-    return deliver(f.chain ? ZEL::rbToList(f.chain) : ZEL::newRb(RTNIL));
+    if (!f.chain) return deliver(ZEL::newRb(RTNIL));
+    resbuf* list = ZEL::newRb(RTLB);  // wrapped by hand: the tail is known, the chain is not walked again
+    list->rbnext = f.chain;
+    f.tail->rbnext = ZEL::newRb(RTLE);
+    return deliver(list);
   }
   bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception& ex) override {
     syntaxError = true;
-    error = cleanMessage(ex.what());
+    error = CJsonText::cleanMessage(ex.what());
     m_syntaxOffset = position;
     return false;
   }
@@ -272,11 +241,18 @@ private:
     std::string pendingKey;        // Dir: the name the next value goes under
     CZelString pendingName;
     resbuf* chain = nullptr;       // List: the elements so far
+    resbuf* tail = nullptr;        // List: the last atom of the chain, so that appending is not a walk
     std::string form;              // Special: "$short", …
     std::vector<json> captured;    // Special: the value being captured, nested containers open
     std::vector<std::string> captureKeys;
     int openDepth = 0;             // Special: containers of the captured value still open
   };
+
+  bool enter() {
+    if (++m_depth <= CJsonText::kMaxDepth) return true;
+    return fail("nested more than " + std::to_string(CJsonText::kMaxDepth) +
+                " levels deep (objects and arrays within each other)");
+  }
 
   bool capturing() const { return !m_frames.empty() && m_frames.back().kind == Frame::Special; }
 
@@ -317,7 +293,9 @@ private:
     Frame& f = m_frames.back();
     switch (f.kind) {
       case Frame::List:
-        f.chain = ZEL::rbAppend(f.chain, rb);
+        if (f.tail) f.tail->rbnext = rb;
+        else f.chain = rb;
+        f.tail = ZEL::rbLast(rb);
         return true;
       case Frame::Dir: {
         auto* item = new CZelDataItem(rb);
@@ -379,132 +357,8 @@ private:
   const char** m_pos;
   std::vector<Frame> m_frames;
   std::size_t m_syntaxOffset = 0;
+  int m_depth = 0;
 };
-
-// --- writing -----------------------------------------------------------------------------
-
-void writeString(std::string& out, const wchar_t* text) {
-  std::string utf8 = CZelString(text).toUtf8();
-  out += '"';
-  for (char ch : utf8) {
-    auto c = static_cast<unsigned char>(ch);
-    switch (c) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case '\n': out += "\\n"; break;
-      case '\r': out += "\\r"; break;
-      case '\t': out += "\\t"; break;
-      case '\b': out += "\\b"; break;
-      case '\f': out += "\\f"; break;
-      default:
-        if (c < 0x20) {
-          char buf[8];
-          std::snprintf(buf, sizeof buf, "\\u%04x", c);
-          out += buf;
-        } else {
-          out += ch;
-        }
-    }
-  }
-  out += '"';
-}
-
-// The shortest digits that read back as the same double, always with '.' or an exponent
-// so that the value reads back as a real and not as a long.
-void writeReal(std::string& out, double v) {
-  if (!std::isfinite(v)) { out += "null"; return; }  // JSON has no infinity; never produced by dialogs
-  char buf[64];
-  auto res = std::to_chars(buf, buf + sizeof buf, v);
-  std::string_view s(buf, static_cast<std::size_t>(res.ptr - buf));
-  out += s;
-  if (s.find_first_of(".eE") == std::string_view::npos) out += ".0";
-}
-
-void writeElements(std::string& out, const resbuf* first, const resbuf* stop);
-
-// One element starting at `e`: an atom, a dotted pair or a nested list.
-void writeElement(std::string& out, const resbuf* e) {
-  switch (e->restype) {
-    case RTREAL: writeReal(out, e->resval.rreal); return;
-    case RTLONG: out += std::to_string(e->resval.rlong); return;
-    case RTSHORT: out += "{\"$short\": " + std::to_string(e->resval.rint) + "}"; return;
-    case RTSTR: case RTDXF0: writeString(out, e->resval.rstring); return;
-    case RTENAME: out += "{\"$ename\": "; writeString(out, e->resval.rstring); out += "}"; return;
-    case RTT: out += "true"; return;
-    case RTVERTS: {
-      out += "{\"$points\": [";
-      bool first = true;
-      for (const auto& v : *e->resval.rverts) {
-        if (!first) out += ", ";
-        first = false;
-        out += "[";
-        writeReal(out, v.x);
-        out += ", ";
-        writeReal(out, v.y);
-        out += ", ";
-        writeReal(out, v.bulge);
-        out += "]";
-      }
-      out += "]}";
-      return;
-    }
-    case RTLB: {
-      const resbuf* code = e->rbnext;
-      if (code && code->rbnext && code->rbnext->restype == RTDOTE && code->rbnext->rbnext) {
-        int c = code->restype == RTSHORT ? code->resval.rint : code->restype == RTLONG ? code->resval.rlong : 0;
-        out += "{\"$pair\": [" + std::to_string(c) + ", ";
-        writeElement(out, code->rbnext->rbnext);
-        out += "]}";
-        return;
-      }
-      if (code && code->restype == RTLE) { out += "null"; return; }  // () is nil
-      out += "[";
-      writeElements(out, e->rbnext, ZEL::rbSkipElement(e));
-      out += "]";
-      return;
-    }
-    default: out += "null"; return;
-  }
-}
-
-void writeElements(std::string& out, const resbuf* first, const resbuf* stop) {
-  bool any = false;
-  for (const resbuf* e = first; e && e != stop && e->restype != RTLE; e = ZEL::rbSkipElement(e)) {
-    if (any) out += ", ";
-    any = true;
-    writeElement(out, e);
-  }
-}
-
-void writeValue(std::string& out, const resbuf* chain) {
-  if (!chain) { out += "null"; return; }
-  if (!ZEL::rbSkipElement(chain)) { writeElement(out, chain); return; }  // one element
-  out += "[";
-  writeElements(out, chain, nullptr);
-  out += "]";
-}
-
-void writeDir(std::string& out, const CZelDataDir& dir, int depth);
-
-void writeItem(std::string& out, const CZelDataItem& item, int depth) {
-  if (item.isDir()) writeDir(out, *item.getDir(), depth);
-  else writeValue(out, item.value());
-}
-
-void writeDir(std::string& out, const CZelDataDir& dir, int depth) {
-  if (dir.isEmpty()) { out += "{}"; return; }
-  out += "{\n";
-  std::string indent(static_cast<std::size_t>(depth + 1) * 2, ' ');
-  for (int i = 0; i < dir.count(); ++i) {
-    out += indent;
-    writeString(out, dir.nameAt(i).c_str());
-    out += ": ";
-    writeItem(out, *dir.itemAt(i), depth + 1);
-    out += i + 1 < dir.count() ? ",\n" : "\n";
-  }
-  out.append(static_cast<std::size_t>(depth) * 2, ' ');
-  out += "}";
-}
 
 }  // namespace
 
@@ -518,23 +372,55 @@ CZelDataItem* CStoreFile::parse(std::string_view text, const std::string& source
     ZEL::setLastFileError({});
     return builder.root.release();
   }
-  std::size_t offset = builder.syntaxError ? tokenStart(text, builder.syntaxOffset())
-                       : builder.errorAt ? tokenStart(text, static_cast<std::size_t>(builder.errorAt - text.data()), true)
-                                         : text.size();
+  std::size_t offset =
+      builder.syntaxError ? CJsonText::tokenStart(text, builder.syntaxOffset())
+      : builder.errorAt   ? CJsonText::tokenStart(text, static_cast<std::size_t>(builder.errorAt - text.data()), true)
+                          : text.size();
   std::string message = builder.error.empty() ? "the file holds no value" : builder.error;
-  ZEL::setLastFileError(source + ":" + place(text, offset) + ": " + message);
+  ZEL::setLastFileError(source + ":" + CJsonText::place(text, offset) + ": " + message);
+  return nullptr;
+}
+
+CZelDataItem* CStoreFile::parseDirectory(std::string_view text, const std::string& source) {
+  std::unique_ptr<CZelDataItem> item(parse(text, source));
+  if (!item || item->isDir()) return item.release();
+  std::size_t at = text.find_first_not_of(" \t\r\n");
+  if (at == std::string_view::npos) at = 0;
+  const char* what = text[at] == '[' ? "a list" : text[at] == '"' ? "a string" : "a single value";
+  ZEL::setLastFileError(source + ":" + CJsonText::place(text, at) +
+                        ": a store file holds a directory (a JSON object) at its top, not " + what);
   return nullptr;
 }
 
 bool CStoreFile::readFile(const std::string& path, std::string& bytes) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
-    ZEL::setLastFileError(path + ": cannot be read (missing or not accessible)");
+  auto refuse = [&](int err) {
+    ZEL::setLastFileError(path + ": cannot be read: " + std::strerror(err));
     return false;
+  };
+  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return refuse(errno);
+  struct stat st {};
+  if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
+    int err = S_ISDIR(st.st_mode) ? EISDIR : errno;
+    ::close(fd);
+    return refuse(err);
   }
-  std::ostringstream ss;
-  ss << in.rdbuf();
-  bytes = std::move(ss).str();
+  std::string out;
+  if (S_ISREG(st.st_mode)) out.reserve(static_cast<std::size_t>(st.st_size));
+  char buf[65536];
+  for (;;) {
+    ssize_t n = ::read(fd, buf, sizeof buf);
+    if (n == 0) break;
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      int err = errno;
+      ::close(fd);
+      return refuse(err);
+    }
+    out.append(buf, static_cast<std::size_t>(n));
+  }
+  ::close(fd);
+  bytes = std::move(out);
   return true;
 }
 
@@ -544,44 +430,143 @@ CZelDataItem* CStoreFile::load(const std::string& path) {
   return parse(bytes, path);
 }
 
+CZelDataItem* CStoreFile::loadDirectory(const std::string& path) {
+  std::string bytes;
+  if (!readFile(path, bytes)) return nullptr;
+  return parseDirectory(bytes, path);
+}
+
+bool CStoreFile::toText(const CZelDataItem& item, std::string& text, std::string& why) {
+  CStoreWriter w;
+  w.item(item);
+  w.out += '\n';
+  text = std::move(w.out);
+  why = std::move(w.error);
+  return why.empty();
+}
+
 std::string CStoreFile::toText(const CZelDataItem& item) {
-  std::string out;
-  writeItem(out, item, 0);
-  out += '\n';
-  return out;
+  std::string text, why;
+  toText(item, text, why);
+  return text;
 }
 
 std::string CStoreFile::dirToText(const CZelDataDir& dir) {
-  std::string out;
-  writeDir(out, dir, 0);
-  out += '\n';
-  return out;
+  CStoreWriter w;
+  w.dir(dir);
+  w.out += '\n';
+  return w.out;
 }
 
 std::string CStoreFile::valueToText(const resbuf* chain) {
-  std::string out;
-  writeValue(out, chain);
-  return out;
+  CStoreWriter w;
+  w.value(chain);
+  return w.out;
 }
 
-bool CStoreFile::save(const std::string& path, const CZelDataItem& item) { return writeAtomic(path, toText(item)); }
-bool CStoreFile::saveDir(const std::string& path, const CZelDataDir& dir) { return writeAtomic(path, dirToText(dir)); }
-
-bool CStoreFile::writeAtomic(const std::string& path, std::string_view bytes) {
-  std::string tmp = path + ".tmp" + std::to_string(::getpid());
-  std::FILE* f = std::fopen(tmp.c_str(), "wb");
-  if (!f) {
-    ZEL::setLastFileError(path + ": cannot be written (cannot create " + tmp + ")");
+bool CStoreFile::save(const std::string& path, const CZelDataItem& item) {
+  std::string text, why;
+  if (!toText(item, text, why)) {
+    ZEL::setLastFileError(path + ": not saved: " + why);
     return false;
   }
-  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
-  ok = std::fflush(f) == 0 && ok;
-  ok = ::fsync(fileno(f)) == 0 && ok;
-  ok = std::fclose(f) == 0 && ok;
-  if (!ok || std::rename(tmp.c_str(), path.c_str()) != 0) {
-    std::remove(tmp.c_str());
-    ZEL::setLastFileError(path + ": cannot be written");
+  return writeAtomic(path, text);
+}
+
+bool CStoreFile::saveDir(const std::string& path, const CZelDataDir& dir) {
+  CStoreWriter w;
+  w.dir(dir);
+  if (!w.error.empty()) {
+    ZEL::setLastFileError(path + ": not saved: " + w.error);
     return false;
+  }
+  w.out += '\n';
+  return writeAtomic(path, w.out);
+}
+
+namespace {
+
+// The file that a path names once symbolic links are followed: a save replaces the link's
+// target, not the link. A dangling link names the file it would create.
+bool followLinks(const std::string& path, std::string& target, int& err) {
+  target = path;
+  for (int hops = 0; hops < 40; ++hops) {
+    struct stat st {};
+    if (::lstat(target.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return true;
+    std::vector<char> buf(static_cast<std::size_t>(st.st_size > 0 ? st.st_size : 255) + 1);
+    ssize_t n = ::readlink(target.c_str(), buf.data(), buf.size());
+    if (n < 0) { err = errno; return false; }
+    std::string link(buf.data(), static_cast<std::size_t>(n));
+    if (link.empty() || link[0] != '/') {
+      std::size_t slash = target.rfind('/');
+      link = (slash == std::string::npos ? std::string() : target.substr(0, slash + 1)) + link;
+    }
+    target = std::move(link);
+  }
+  err = ELOOP;
+  return false;
+}
+
+bool writeAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    ssize_t n = ::write(fd, bytes.data(), bytes.size());
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(n));
+  }
+  return true;
+}
+
+}  // namespace
+
+bool CStoreFile::writeAtomic(const std::string& path, std::string_view bytes) {
+  auto refuse = [&](int err, const std::string& doing = {}) {
+    ZEL::setLastFileError(path + ": cannot be written: " + std::strerror(err) + doing);
+    return false;
+  };
+  std::string target;
+  int err = 0;
+  if (!followLinks(path, target, err)) return refuse(err, " (following the symbolic link)");
+  struct stat old {};
+  bool exists = ::stat(target.c_str(), &old) == 0;
+  if (exists && S_ISDIR(old.st_mode)) return refuse(EISDIR);
+  if (exists && !S_ISREG(old.st_mode)) {
+    ZEL::setLastFileError(path + ": cannot be written: not a regular file");
+    return false;
+  }
+  std::string tmp = target + ".tmp" + std::to_string(::getpid());
+  // A new file gets the usual mode (0666 less the umask); a replaced one keeps its mode
+  // and, where the system allows it, its owner, so a private store stays private.
+  int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, exists ? 0600 : 0666);
+  if (fd < 0) return refuse(errno, " (creating " + tmp + ")");
+  bool ok = true;
+  if (exists) {
+    if (::fchown(fd, old.st_uid, old.st_gid) != 0) { /* not allowed to give it away: it stays the saver's */ }
+    ok = ::fchmod(fd, old.st_mode & 07777) == 0;
+  }
+  ok = ok && writeAll(fd, bytes) && ::fsync(fd) == 0;
+  err = errno;
+  if (::close(fd) != 0 && ok) {
+    ok = false;
+    err = errno;
+  }
+  if (ok && ::rename(tmp.c_str(), target.c_str()) != 0) {
+    ok = false;
+    err = errno;
+  }
+  if (!ok) {
+    ::unlink(tmp.c_str());
+    return refuse(err);
+  }
+  // The rename itself is on the disk once the folder is.
+  std::size_t slash = target.rfind('/');
+  std::string folder = slash == std::string::npos ? std::string(".") : slash == 0 ? std::string("/") : target.substr(0, slash);
+  int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (dfd >= 0) {
+    ::fsync(dfd);
+    ::close(dfd);
   }
   return true;
 }

@@ -114,18 +114,16 @@ bool CZelDataDir::saveToFile(const CZelString& path, const CZelDataKey* key) con
 }
 
 bool CZelDataDir::loadFromFile(const CZelString& path, const CZelDataKey* key) {
-  std::unique_ptr<CZelDataItem> loaded(CStoreFile::load(path.toUtf8()));
+  // A sub-item may be a single value; the whole directory comes from a store file proper.
+  bool whole = !key || key->isEmpty();
+  std::unique_ptr<CZelDataItem> loaded(whole ? CStoreFile::loadDirectory(path.toUtf8()) : CStoreFile::load(path.toUtf8()));
   if (!loaded) return false;
-  if (key && !key->isEmpty()) {
+  if (!whole) {
     CZelDataItem* child = makeItem(*key);
     CZelDataItem* target = child->make(key->next());
     if (!target) return false;
     target->assign(*loaded);
     return true;
-  }
-  if (!loaded->isDir()) {
-    ZEL::setLastFileError(path.toUtf8() + ": the file holds a single value, not a directory");
-    return false;
   }
   copyFrom(*loaded->getDir());
   return true;

@@ -1,10 +1,12 @@
 #include "data/CZelDrawing.h"
 
+#include "data/CJsonText.h"
 #include "data/CStoreFile.h"
 #include "data/ZelHatchPatternTable.h"
 
 #include <nlohmann/json.hpp>
 
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 
@@ -12,30 +14,82 @@ using json = nlohmann::ordered_json;
 
 namespace {
 
-CZelString text(const json& j, const char* key, const wchar_t* fallback = L"") {
-  auto it = j.find(key);
-  return it != j.end() && it->is_string() ? CZelString::fromUtf8(it->get<std::string>()) : CZelString(fallback);
-}
+// Every value of a drawing is checked for its type and range before it is used; a
+// failed check names the file and the key, and the drawing in memory stays as it was.
+class Reader {
+public:
+  explicit Reader(const std::string& path) : m_path(path) {}
 
-bool readColor(const json& j, CZelColor& out) {
-  if (j.is_number_integer()) {
-    int i = j.get<int>();
-    if (i < 0 || i > 256) return false;
-    out = CZelColor::fromIndex(i);
+  bool bad(const std::string& where, const std::string& what) {
+    ZEL::setLastFileError(m_path + ": " + where + what);
+    return false;
+  }
+
+  // A whole number within [min, max]; numbers are never cut to fit.
+  static bool whole(const json& v, std::int64_t min, std::int64_t max, int& out) {
+    if (v.is_number_unsigned()) {
+      if (v.get<std::uint64_t>() > static_cast<std::uint64_t>(max)) return false;
+    } else if (!v.is_number_integer() || v.get<std::int64_t>() < min || v.get<std::int64_t>() > max) {
+      return false;
+    }
+    out = static_cast<int>(v.get<std::int64_t>());
     return true;
   }
-  if (j.is_object() && j.contains("rgb") && j["rgb"].is_array() && j["rgb"].size() == 3) {
-    int c[3];
-    for (int k = 0; k < 3; ++k) {
-      if (!j["rgb"][static_cast<std::size_t>(k)].is_number_integer()) return false;
-      c[k] = j["rgb"][static_cast<std::size_t>(k)].get<int>();
-      if (c[k] < 0 || c[k] > 255) return false;
+
+  bool number(const json& obj, const char* key, std::int64_t min, std::int64_t max, int& out, const std::string& where,
+              const std::string& meaning) {
+    auto it = obj.find(key);
+    if (it == obj.end()) return true;
+    if (!whole(*it, min, max, out)) return bad(where, "\"" + std::string(key) + "\" must be " + meaning + ", not " + shown(*it));
+    return true;
+  }
+
+  bool flag(const json& obj, const char* key, bool& out, const std::string& where) {
+    auto it = obj.find(key);
+    if (it == obj.end()) return true;
+    if (!it->is_boolean()) return bad(where, "\"" + std::string(key) + "\" must be true or false, not " + shown(*it));
+    out = it->get<bool>();
+    return true;
+  }
+
+  bool text(const json& v, CZelString& out, const std::string& where, const std::string& key) {
+    if (!v.is_string()) return bad(where, "\"" + key + "\" must be a string, not " + shown(v));
+    const std::string& s = v.get_ref<const std::string&>();
+    if (s.find('\0') != std::string::npos) return bad(where, "\"" + key + "\" cannot hold U+0000");
+    out = CZelString::fromUtf8(s);
+    return true;
+  }
+
+  bool text(const json& obj, const char* key, CZelString& out, const std::string& where) {
+    auto it = obj.find(key);
+    return it == obj.end() || text(*it, out, where, key);
+  }
+
+  static bool color(const json& j, CZelColor& out) {
+    int index = 0;
+    if (whole(j, 0, 256, index)) {
+      out = CZelColor::fromIndex(index);
+      return true;
     }
+    if (!j.is_object() || j.size() != 1 || !j.contains("rgb") || !j["rgb"].is_array() || j["rgb"].size() != 3) return false;
+    int c[3];
+    for (std::size_t k = 0; k < 3; ++k)
+      if (!whole(j["rgb"][k], 0, 255, c[k])) return false;
     out = CZelColor::fromRgb(static_cast<std::uint8_t>(c[0]), static_cast<std::uint8_t>(c[1]), static_cast<std::uint8_t>(c[2]));
     return true;
   }
-  return false;
-}
+
+  // A value as the message shows it: short, never the whole of a large value.
+  static std::string shown(const json& v) {
+    if (v.is_object()) return "an object";
+    if (v.is_array()) return "a list";
+    std::string s = v.dump(-1, ' ', false, json::error_handler_t::replace);
+    return s.size() > 40 ? s.substr(0, 37) + "..." : s;
+  }
+
+private:
+  std::string m_path;
+};
 
 json writeColor(const CZelColor& c) {
   if (c.isTrueColor()) return json{{"rgb", {c.red(), c.green(), c.blue()}}};
@@ -74,57 +128,45 @@ void CZelDrawing::reset() {
 bool CZelDrawing::load(const std::string& path) {
   std::string bytes;
   if (!CStoreFile::readFile(path, bytes)) return false;
+  return loadText(bytes, path);
+}
+
+bool CZelDrawing::loadText(std::string_view bytes, const std::string& path) {
   json j;
-  try {
-    j = json::parse(bytes);
-  } catch (const json::parse_error& e) {
-    // Name the line and column as the store files do.
-    std::size_t line = 1, col = 1;
-    for (std::size_t i = 0; i + 1 < e.byte && i < bytes.size(); ++i) {
-      if (bytes[i] == '\n') { line++; col = 1; } else if ((static_cast<unsigned char>(bytes[i]) & 0xC0) != 0x80) col++;
-    }
-    std::string what = e.what();
-    std::size_t at = what.find(": ", what.find("column"));
-    ZEL::setLastFileError(path + ":" + std::to_string(line) + ":" + std::to_string(col) + ": " +
-                          (at == std::string::npos ? what : what.substr(at + 2)));
+  std::string error;
+  // Object data stands two levels down ("objects", its handle) and nests as a store file may.
+  if (!CJsonText::parse(bytes, path, j, error, CJsonText::kMaxDepth + 2)) {
+    ZEL::setLastFileError(error);
     return false;
   }
-  auto bad = [&](const std::string& what) {
-    ZEL::setLastFileError(path + ": " + what);
-    return false;
-  };
-  if (!j.is_object()) return bad("a drawing file holds a JSON object");
+  Reader r(path);
+  if (!j.is_object()) return r.bad("", "a drawing file holds a JSON object");
 
   CZelDrawing d;
   d.layers.clear();
   std::filesystem::path p(path);
   d.directory = p.has_parent_path() ? p.parent_path().string() : std::string(".");
-  if (j.contains("INSUNITS")) {
-    if (!j["INSUNITS"].is_number_integer() || j["INSUNITS"].get<int>() < 0 || j["INSUNITS"].get<int>() > 20)
-      return bad("\"INSUNITS\" must be an insertion-unit code from 0 to 20");
-    d.insUnits = j["INSUNITS"].get<int>();
-  }
-  if (j.contains("background") && !j["background"].is_number_integer()) return bad("\"background\" must be a colour index");
-  if (j.contains("background")) d.background = j["background"].get<int>();
+  if (!r.number(j, "INSUNITS", 0, 20, d.insUnits, "", "an insertion-unit code from 0 to 20")) return false;
+  if (!r.number(j, "background", 0, 256, d.background, "", "a colour index from 0 to 256")) return false;
   if (j.contains("layers")) {
-    if (!j["layers"].is_array()) return bad("\"layers\" must be a list of layers");
-    for (const auto& l : j["layers"]) {
-      if (!l.is_object() || !l.contains("name") || !l["name"].is_string()) return bad("every layer needs a \"name\"");
-      ZelLayerRecord r;
-      r.name = text(l, "name");
-      if (l.contains("color") && !readColor(l["color"], r.color))
-        return bad("layer \"" + r.name.toUtf8() + "\": a colour is an index (0 to 256) or {\"rgb\": [r, g, b]}");
-      r.linetype = text(l, "linetype", L"CONTINUOUS");
-      if (l.contains("lineweight")) {
-        if (!l["lineweight"].is_number_integer()) return bad("layer \"" + r.name.toUtf8() + "\": \"lineweight\" must be an integer");
-        r.lineweight = l["lineweight"].get<int>();
-      }
-      r.plotstyle = text(l, "plotstyle");
-      r.description = text(l, "description");
-      r.off = l.value("off", false);
-      r.frozen = l.value("frozen", false);
-      r.locked = l.value("locked", false);
-      d.layers.push_back(std::move(r));
+    if (!j["layers"].is_array()) return r.bad("", "\"layers\" must be a list of layers");
+    for (std::size_t i = 0; i < j["layers"].size(); ++i) {
+      const json& l = j["layers"][i];
+      std::string at = "layer " + std::to_string(i + 1) + ": ";
+      if (!l.is_object() || !l.contains("name")) return r.bad(at, "every layer needs a \"name\"");
+      ZelLayerRecord rec;
+      if (!r.text(l, "name", rec.name, at)) return false;
+      at = "layer \"" + rec.name.toUtf8() + "\": ";
+      if (l.contains("color") && !Reader::color(l["color"], rec.color))
+        return r.bad(at, "\"color\": a colour is an index (0 to 256) or {\"rgb\": [r, g, b]} with r, g, b from 0 to 255, not " +
+                             Reader::shown(l["color"]));
+      if (!r.text(l, "linetype", rec.linetype, at) ||
+          !r.number(l, "lineweight", -3, 211, rec.lineweight, at,
+                    "-3 (default), -2 (by block), -1 (by layer) or hundredths of a millimetre up to 211") ||
+          !r.text(l, "plotstyle", rec.plotstyle, at) || !r.text(l, "description", rec.description, at) ||
+          !r.flag(l, "off", rec.off, at) || !r.flag(l, "frozen", rec.frozen, at) || !r.flag(l, "locked", rec.locked, at))
+        return false;
+      d.layers.push_back(std::move(rec));
     }
   }
   if (d.layers.empty()) {
@@ -132,44 +174,55 @@ bool CZelDrawing::load(const std::string& path) {
     d.layers[0].name = L"0";
   }
   if (j.contains("linetypes")) {
-    if (!j["linetypes"].is_array()) return bad("\"linetypes\" must be a list of names");
+    if (!j["linetypes"].is_array()) return r.bad("", "\"linetypes\" must be a list of names");
     d.linetypes.clear();
     for (const auto& l : j["linetypes"]) {
-      if (!l.is_string()) return bad("\"linetypes\" must be a list of names");
-      d.linetypes.push_back(CZelString::fromUtf8(l.get<std::string>()));
+      CZelString name;
+      if (!r.text(l, name, "", "linetypes")) return false;
+      d.linetypes.push_back(name);
     }
   }
   if (j.contains("hatch_patterns")) {
-    if (!j["hatch_patterns"].is_object()) return bad("\"hatch_patterns\" maps a pattern name to its description");
+    if (!j["hatch_patterns"].is_object()) return r.bad("", "\"hatch_patterns\" maps a pattern name to its description");
     d.hatchPatterns.clear();
-    for (auto it = j["hatch_patterns"].begin(); it != j["hatch_patterns"].end(); ++it)
-      d.hatchPatterns.emplace_back(CZelString::fromUtf8(it.key()),
-                                   CZelString::fromUtf8(it->is_string() ? it->get<std::string>() : std::string()));
+    for (auto it = j["hatch_patterns"].begin(); it != j["hatch_patterns"].end(); ++it) {
+      CZelString name, desc;
+      if (!r.text(json(it.key()), name, "hatch_patterns: ", "name") ||
+          !r.text(*it, desc, "hatch_patterns: ", it.key()))
+        return false;
+      d.hatchPatterns.emplace_back(name, desc);
+    }
     // A drawing that lists no patterns has the standard ones, as the CAD program has them.
     if (d.hatchPatterns.empty()) d.hatchPatterns = ZEL::standardHatchPatterns();
   }
   if (j.contains("objects")) {
-    if (!j["objects"].is_object()) return bad("\"objects\" maps a handle to the object's data");
+    if (!j["objects"].is_object()) return r.bad("", "\"objects\" maps a handle to the object's data");
     for (auto it = j["objects"].begin(); it != j["objects"].end(); ++it) {
+      CZelString handle;
+      if (!r.text(json(it.key()), handle, "objects: ", "handle")) return false;
+      if (!it->is_object()) return r.bad("objects: ", "\"" + it.key() + "\" must be the object's data (a JSON object)");
       std::unique_ptr<CZelDataItem> data(CStoreFile::parse(it->dump(), path + ", object " + it.key()));
       if (!data) return false;
-      d.m_objects.emplace_back(CZelString::fromUtf8(it.key()), std::move(data));
+      d.m_objects.emplace_back(handle, std::move(data));
     }
   }
   if (j.contains("current")) {
-    if (!j["current"].is_object()) return bad("\"current\" maps an object type to a handle");
+    if (!j["current"].is_object()) return r.bad("", "\"current\" maps an object type to a handle");
     for (auto it = j["current"].begin(); it != j["current"].end(); ++it) {
-      if (!it->is_string()) return bad("\"current\" maps an object type to a handle");
-      d.currentObject[CZelString::fromUtf8(it.key())] = CZelString::fromUtf8(it->get<std::string>());
+      CZelString type, handle;
+      if (!r.text(json(it.key()), type, "current: ", "type") || !r.text(*it, handle, "current: ", it.key())) return false;
+      d.currentObject[type] = handle;
     }
   }
   if (j.contains("sheared")) {
-    if (!j["sheared"].is_array()) return bad("\"sheared\" must be a list of object types");
-    for (const auto& s : j["sheared"])
-      if (s.is_string()) d.sheared.push_back(CZelString::fromUtf8(s.get<std::string>()));
+    if (!j["sheared"].is_array()) return r.bad("", "\"sheared\" must be a list of object types");
+    for (const auto& s : j["sheared"]) {
+      CZelString type;
+      if (!r.text(s, type, "", "sheared")) return false;
+      d.sheared.push_back(type);
+    }
   }
-  d.libraryFolder = text(j, "library", L"library");
-  d.favouritesFolder = text(j, "favourites", L"favourites");
+  if (!r.text(j, "library", d.libraryFolder, "") || !r.text(j, "favourites", d.favouritesFolder, "")) return false;
   for (auto it = j.begin(); it != j.end(); ++it) {
     bool own = false;
     for (const char* k : kOwnKeys) own = own || it.key() == k;
@@ -217,7 +270,14 @@ bool CZelDrawing::save(const std::string& path) const {
   for (const auto& [k, v] : m_extra) j[k] = json::parse(v);
   // Object data is written in store-file JSON; a placeholder keeps the key order simple.
   j["objects"] = json::object();
-  for (const auto& [handle, data] : m_objects) j["objects"][handle.toUtf8()] = json::parse(CStoreFile::toText(*data));
+  for (const auto& [handle, data] : m_objects) {
+    std::string text, why;
+    if (!CStoreFile::toText(*data, text, why)) {
+      ZEL::setLastFileError(path + ": not saved: object " + handle.toUtf8() + ": " + why);
+      return false;
+    }
+    j["objects"][handle.toUtf8()] = json::parse(text);
+  }
   return CStoreFile::writeAtomic(path, j.dump(2) + "\n");
 }
 

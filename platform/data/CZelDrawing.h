@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,6 +38,8 @@ public:
   // Replaces this drawing with the file's; on failure the drawing is untouched and
   // ZEL::lastFileError() names the file and the place.
   bool load(const std::string& path);
+  // The same for a drawing file's text; `path` names it in messages and gives the folder.
+  bool loadText(std::string_view bytes, const std::string& path);
   bool save(const std::string& path) const;
 
   int insUnits = 4;

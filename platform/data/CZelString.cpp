@@ -1,6 +1,7 @@
 #include "data/CZelString.h"
 
 #include <cstdarg>
+#include <cstdint>
 #include <cwchar>
 #include <cwctype>
 #include <vector>
@@ -23,25 +24,61 @@ wchar_t toLower(wchar_t c) {
 
 }  // namespace
 
+namespace {
+
+constexpr wchar_t kReplacement = 0xFFFD;
+
+// One well-formed UTF-8 sequence at `i` (surrogates allowed, to recognise CESU-8), or 0
+// bytes used. The continuation byte ranges exclude overlong forms and code points past
+// U+10FFFF; an ill-formed sequence consumes its lead byte and the continuation bytes that
+// fitted, as one U+FFFD.
+std::size_t decodeOne(std::string_view s, std::size_t i, char32_t& cp, std::size_t& used) {
+  auto byte = [&](std::size_t k) { return static_cast<unsigned char>(s[k]); };
+  unsigned char c = byte(i);
+  if (c < 0x80) { cp = c; used = 1; return 1; }
+  std::size_t extra = 0;
+  unsigned char lo = 0x80, hi = 0xBF;
+  if (c >= 0xC2 && c <= 0xDF) { extra = 1; cp = c & 0x1F; }
+  else if (c >= 0xE0 && c <= 0xEF) { extra = 2; cp = c & 0x0F; if (c == 0xE0) lo = 0xA0; }
+  else if (c >= 0xF0 && c <= 0xF4) { extra = 3; cp = c & 0x07; if (c == 0xF0) lo = 0x90; if (c == 0xF4) hi = 0x8F; }
+  else { used = 1; return 0; }
+  used = 1;
+  for (std::size_t k = 0; k < extra; ++k) {
+    if (i + used >= s.size()) return 0;
+    unsigned char b = byte(i + used);
+    if (b < (k == 0 ? lo : 0x80) || b > (k == 0 ? hi : 0xBF)) return 0;
+    cp = (cp << 6) | (b & 0x3F);
+    ++used;
+  }
+  return used;
+}
+
+}  // namespace
+
 CZelString CZelString::fromUtf8(std::string_view utf8) {
   std::wstring out;
   out.reserve(utf8.size());
   std::size_t i = 0;
   while (i < utf8.size()) {
-    auto c = static_cast<unsigned char>(utf8[i]);
-    char32_t cp = 0xFFFD;
-    std::size_t extra = 0;
-    if (c < 0x80) { cp = c; }
-    else if ((c & 0xE0) == 0xC0) { cp = c & 0x1F; extra = 1; }
-    else if ((c & 0xF0) == 0xE0) { cp = c & 0x0F; extra = 2; }
-    else if ((c & 0xF8) == 0xF0) { cp = c & 0x07; extra = 3; }
-    ++i;
-    bool ok = (c < 0x80) || extra > 0;
-    for (std::size_t k = 0; ok && k < extra; ++k, ++i) {
-      if (i >= utf8.size() || (static_cast<unsigned char>(utf8[i]) & 0xC0) != 0x80) { ok = false; break; }
-      cp = (cp << 6) | (static_cast<unsigned char>(utf8[i]) & 0x3F);
+    char32_t cp = 0;
+    std::size_t used = 0;
+    if (!decodeOne(utf8, i, cp, used)) {
+      out += kReplacement;
+      i += used;
+      continue;
     }
-    out += static_cast<wchar_t>(ok ? cp : 0xFFFD);
+    i += used;
+    if (cp >= 0xD800 && cp <= 0xDBFF && i < utf8.size()) {
+      // CESU-8: a supplementary character written as its two surrogates.
+      char32_t low = 0;
+      std::size_t lowUsed = 0;
+      if (decodeOne(utf8, i, low, lowUsed) && low >= 0xDC00 && low <= 0xDFFF) {
+        out += static_cast<wchar_t>(0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00));
+        i += lowUsed;
+        continue;
+      }
+    }
+    out += (cp >= 0xD800 && cp <= 0xDFFF) ? kReplacement : static_cast<wchar_t>(cp);
   }
   return CZelString(std::move(out));
 }
@@ -49,8 +86,16 @@ CZelString CZelString::fromUtf8(std::string_view utf8) {
 std::string CZelString::toUtf8() const {
   std::string out;
   out.reserve(m_text.size());
-  for (wchar_t wc : m_text) {
-    auto cp = static_cast<char32_t>(wc);
+  for (std::size_t i = 0; i < m_text.size(); ++i) {
+    auto cp = static_cast<std::uint32_t>(m_text[i]);
+    if (cp >= 0xD800 && cp <= 0xDBFF && i + 1 < m_text.size()) {
+      auto low = static_cast<std::uint32_t>(m_text[i + 1]);
+      if (low >= 0xDC00 && low <= 0xDFFF) {  // a surrogate pair, as UTF-16 text holds it
+        cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
+        ++i;
+      }
+    }
+    if ((cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF) cp = 0xFFFD;  // never ill-formed UTF-8
     if (cp < 0x80) {
       out += static_cast<char>(cp);
     } else if (cp < 0x800) {

@@ -15,7 +15,10 @@ public:
   CZelString(std::wstring text) : m_text(std::move(text)) {}
   CZelString(std::wstring_view text) : m_text(text) {}
 
-  // UTF-8 at the boundary: files, command line, windows.
+  // UTF-8 at the boundary: files, command line, windows. Decoding turns each ill-formed
+  // sequence (overlong forms, a lone surrogate, past U+10FFFF, a cut sequence) into U+FFFD
+  // and joins a surrogate pair written as CESU-8; encoding writes a lone surrogate or a
+  // code point past U+10FFFF as U+FFFD, so no writer ever produces ill-formed UTF-8.
   static CZelString fromUtf8(std::string_view utf8);
   std::string toUtf8() const;
 

@@ -148,3 +148,91 @@ TEST_F(QenHostTest, TheUserStoreIsMadeFromTheFactorySettingsOnFirstUse) {
   Result r = run("run KLOTZ", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
   EXPECT_TRUE(std::filesystem::exists(m_dir / "qen" / "settings.json")) << r.out;
 }
+
+TEST_F(QenHostTest, AStoreWhoseTopIsNotADirectoryIsRefusedByEveryCommandAndLeftAlone) {
+  for (const std::string& text : {std::string("[1, 2]\n"), std::string("5\n"), std::string("\"x\"\n")}) {
+    write(path("top.json"), text);
+    Result check = run("store " + path("top.json") + " check");
+    EXPECT_EQ(check.status, 1) << check.out;
+    EXPECT_NE(check.out.find(path("top.json") + ":1:1: a store file holds a directory"), std::string::npos) << check.out;
+    for (const std::string& args : {std::string("store ") + path("top.json") + " set A 1",
+                                    std::string("store ") + path("top.json") + " remove A",
+                                    std::string("store ") + path("top.json") + " get A",
+                                    std::string("run KLOTZ --store ") + path("top.json")}) {
+      Result r = run(args);
+      EXPECT_EQ(r.status, 2) << args << "\n" << r.out;
+      EXPECT_NE(r.out.find(path("top.json") + ":1:1:"), std::string::npos) << args << "\n" << r.out;
+      EXPECT_EQ(slurp(path("top.json")), text) << args;
+    }
+  }
+}
+
+TEST_F(QenHostTest, DeepNestingIsRefusedWithItsPlaceAndTheFileLeftAlone) {
+  std::string deep;
+  for (int i = 0; i < 16000; ++i) deep += "{\"a\":";
+  deep += "1" + std::string(16000, '}');
+  write(path("deep.json"), deep);
+  for (const std::string& args : {std::string("store ") + path("deep.json") + " check",
+                                  std::string("store ") + path("deep.json") + " set A 1",
+                                  std::string("run KLOTZ --store ") + path("deep.json")}) {
+    Result r = run(args);
+    EXPECT_GE(r.status, 1) << args << "\n" << r.out;
+    EXPECT_NE(r.out.find(path("deep.json") + ":1:641: nested more than 128 levels"), std::string::npos) << args << "\n" << r.out;
+    EXPECT_EQ(slurp(path("deep.json")), deep) << args;
+  }
+  // Nor does a key make a store deeper than a file may be.
+  write(path("s.json"), kAllTypes);
+  std::string key;
+  for (int i = 0; i < 200; ++i) key += "D\\";
+  Result r = run("store " + path("s.json") + " set '" + key + "X' 1");
+  EXPECT_EQ(r.status, 2) << r.out;
+  EXPECT_NE(r.out.find("at most 128"), std::string::npos) << r.out;
+  EXPECT_EQ(slurp(path("s.json")), kAllTypes);
+}
+
+TEST_F(QenHostTest, ACheckOfAFileThatCannotBeReadEndsWithStatusTwoAndTheReason) {
+  std::filesystem::create_directories(m_dir / "folder");
+  Result r = run("store " + path("folder") + " check");
+  EXPECT_EQ(r.status, 2) << r.out;
+  EXPECT_NE(r.out.find(path("folder") + ": cannot be read: Is a directory"), std::string::npos) << r.out;
+  Result missing = run("store " + path("none.json") + " check");
+  EXPECT_EQ(missing.status, 2) << missing.out;
+  EXPECT_NE(missing.out.find("No such file or directory"), std::string::npos) << missing.out;
+}
+
+TEST_F(QenHostTest, ABadDrawingEndsWithStatusTwoNamingTheFileAndTheKey) {
+  write(path("s.json"), kAllTypes);
+  write(path("off.json"), R"({"layers": [{"name": "0", "off": 1}]})");
+  Result off = run("run KLOTZ --headless --store " + path("s.json") + " --drawing " + path("off.json"));
+  EXPECT_EQ(off.status, 2) << off.out;
+  EXPECT_NE(off.out.find(path("off.json") + ": layer \"0\": \"off\" must be true or false"), std::string::npos) << off.out;
+  std::string deep = "{\"plotter\": " + std::string(30000, '[') + std::string(30000, ']') + "}";
+  write(path("deep.json"), deep);
+  Result nested = run("run KLOTZ --headless --store " + path("s.json") + " --drawing " + path("deep.json"));
+  EXPECT_EQ(nested.status, 2) << nested.out.substr(0, 400);
+  EXPECT_NE(nested.out.find(path("deep.json") + ":1:142: nested more than"), std::string::npos) << nested.out.substr(0, 400);
+}
+
+TEST_F(QenHostTest, TextThatIsNotValidUnicodeTypedIntoADialogLeavesEveryFileLoadable) {
+  ASSERT_EQ(run("init --store " + path("s.json")).status, 0);
+  // A label typed with a lone surrogate as CESU-8 writes it (U+D800 = ED A0 80), saved to the
+  // shared list file, the store and the drawing.
+  write(path("cesu.qds"),
+        "menu 2001 10 30\n"
+        "choose 32769\n"
+        "label 2001 2 \"Band \xED\xA0\x80 X\"\n"
+        "click 10022\n"
+        "expect-box \"Dichtung 10 x 3\\nEPDM\\nTexte gespeichert\"\n"
+        "ok\n");
+  Result r = run("run LABEL --headless --store " + path("s.json") + " --drawing " + QEN_SOURCE_DIR +
+                 "/tests/scripts/drawings/labels.json --record object=4D --drawing-out " + path("d.json") + " --script " +
+                 path("cesu.qds"));
+  EXPECT_EQ(r.status, 0) << r.out;
+  for (const char* file : {"s.json", "qen_obj_prop.dex"}) {
+    Result check = run("store " + path(file) + " check");
+    EXPECT_EQ(check.status, 0) << file << "\n" << check.out;
+    EXPECT_NE(slurp(path(file)).find("Band \xEF\xBF\xBD X"), std::string::npos) << file;
+  }
+  Result again = run("run LABEL --headless --store " + path("s.json") + " --drawing " + path("d.json") + " --record object=4D");
+  EXPECT_EQ(again.out.find(path("d.json")), std::string::npos) << again.out;  // the drawing loads again
+}
