@@ -107,6 +107,7 @@ BOOL CLabelingDlg::OnInitDialog() {
   buildHeader();
   insertTabs();
   refresh();
+  m_suppl.setBaseline(m_list);
 
   CZelString helpFile = m_env.helpFile;
   if (helpFile.isEmpty()) ZEL::help_find(L"QEN", helpFile);
@@ -680,18 +681,25 @@ void CLabelingDlg::OnSaveList() {
   if (m_busy) return;
   const CZelString key3 = ZEL::objKey(m_object, 3);
   if (key3.isEmpty()) return;
-  CZelArrayTempl<CZelString> list;
+  CZelArrayTempl<CZelString> mine;
   for (const CZelString& e : m_suppl.entries())
-    if (!e.isEmpty()) list.add(e);
+    if (!e.isEmpty()) mine.add(e);
+  // Under the file's lock, the user's additions and removals go into the list as the file
+  // holds it now: another user who saved meanwhile keeps the texts they added.
+  CZelArrayTempl<CZelString> list = mine;
   const std::string file = QEN::dataFileName(kListFile, QEN::kDataFileWrite).toUtf8();
   const ZEL::DataFileUpdateResult result = ZEL::updateStoreFile(file, kListFileWaitMs, [&](CZelDataDir& dir) {
     CZelDataItem* entry = dir.makeDir(CZelDataKey(key3));
     if (!entry) return false;
     CZelDataKey txtLst(L"TXTLST"), orig(L"ORIG");
+    CZelArrayTempl<CZelString> now;
+    entry->get(now, &txtLst);
+    list = CLabelingSupplLst::mergeChanges(m_suppl.baseline(), mine, now);
     QEN::itemSet(entry, &txtLst, list);
     entry->remove(&orig);
     return true;
   });
+  if (result.status == ZEL::DataFileUpdate::Saved) m_suppl.setBaseline(list);
   storeList(list);
   if (result.status == ZEL::DataFileUpdate::Saved) {
     CZelString text = groupLabel() + L"\n";

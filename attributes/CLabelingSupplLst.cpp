@@ -46,6 +46,19 @@ void CLabelingSupplLst::sortEntries(CZelArrayTempl<CZelString>& entries, const C
   for (int i = 0, j = entries.count() - 1; i < j; ++i, --j) std::swap(entries[i], entries[j]);
 }
 
+CZelArrayTempl<CZelString> CLabelingSupplLst::mergeChanges(const CZelArrayTempl<CZelString>& baseline,
+                                                           const CZelArrayTempl<CZelString>& mine,
+                                                           const CZelArrayTempl<CZelString>& now) {
+  CZelArrayTempl<CZelString> merged;
+  for (const CZelString& e : now) {
+    const bool removedByMe = baseline.find(e) >= 0 && mine.find(e) < 0;
+    if (!e.isEmpty() && !removedByMe && merged.find(e) < 0) merged.add(e);
+  }
+  for (const CZelString& e : mine)
+    if (!e.isEmpty() && merged.find(e) < 0) merged.add(e);
+  return merged;
+}
+
 int CLabelingSupplLst::duplicateOf(const CZelString& text, int except) const {
   for (int i = 0; i < m_entries.count(); ++i)
     if (i != except && ZEL::label_get(m_entries[i], m_language.c_str()) == text) return i;

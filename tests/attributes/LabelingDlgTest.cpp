@@ -370,7 +370,9 @@ TEST_F(LabelingDlgTest, SaveListWritesTheFileAndSaysSo) {
   Texts list;
   CZelDataKey k = CZelDataKey::fromPath(L"KLOTZ:PP\\TXTLST"), orig = CZelDataKey::fromPath(L"KLOTZ:PP\\ORIG");
   ASSERT_TRUE(saved->get(list, &k));
-  EXPECT_EQ(list, (Texts{L"\\de\\Distanzklotz\\en\\Spacer block", L"\\de\\Tragklotz\\en\\Load-bearing setting block"}));
+  // "Alt" was saved by someone else after this dialog had opened: the save keeps it.
+  EXPECT_EQ(list, (Texts{L"\\de\\Alt", L"\\de\\Distanzklotz\\en\\Spacer block",
+                         L"\\de\\Tragklotz\\en\\Load-bearing setting block"}));
   EXPECT_EQ(saved->find(&orig), nullptr);
   CZelDataKey other = CZelDataKey::fromPath(L"DICHT:EPDM\\TXTLST");
   EXPECT_NE(saved->find(&other), nullptr) << "the other types' lists stay";
@@ -384,7 +386,7 @@ TEST_F(LabelingDlgTest, ADamagedListFileIsResetAndTheUserToldWhy) {
   std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file.string()));
   ASSERT_TRUE(saved);
   EXPECT_TRUE(saved->isDir());
-  EXPECT_TRUE(std::filesystem::exists(ZEL::damagedCopyPath(file.string())));
+  EXPECT_TRUE(std::filesystem::exists(file.string() + ".bad1"));
 }
 
 TEST_F(LabelingDlgTest, PresetsAreSavedAndRemovedWithTheirMessages) {

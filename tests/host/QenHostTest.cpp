@@ -106,7 +106,7 @@ TEST_F(QenHostTest, AFileThatDoesNotParseIsReportedAndLeftByteIdentical) {
   for (const std::string& args : {std::string("store ") + path("broken.json") + " check",
                                   std::string("store ") + path("broken.json") + " set '*HZ_KLOTZ*\\B' 1.0",
                                   std::string("store ") + path("broken.json") + " remove '*HZ_KLOTZ*'",
-                                  std::string("run KLOTZ --store ") + path("broken.json")}) {
+                                  std::string("run LAYER --store ") + path("broken.json")}) {
     Result r = run(args);
     EXPECT_NE(r.status, 0) << args;
     EXPECT_NE(r.out.find(path("broken.json") + ":3:15"), std::string::npos) << args << "\n" << r.out;
@@ -145,6 +145,6 @@ TEST_F(QenHostTest, FactorySettingsHoldEverySectionTheEntriesOpen) {
 }
 
 TEST_F(QenHostTest, TheUserStoreIsMadeFromTheFactorySettingsOnFirstUse) {
-  Result r = run("run KLOTZ", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
+  Result r = run("run LAYER", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
   EXPECT_TRUE(std::filesystem::exists(m_dir / "qen" / "settings.json")) << r.out;
 }
