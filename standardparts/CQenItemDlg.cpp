@@ -60,7 +60,7 @@ void CQenItemDlg::OnOK() {
   ZEL::obj_order_get(m_key, recorded);
   CZelString typed = m_article.GetWindowText();
   typed.trim();
-  if (typed != recorded) {
+  if (typed != recorded && !m_key.isEmpty()) {
     bool save = true;
     if (typed.isEmpty()) {
       int answer = MessageBoxW(GetMsg(L"QEN_MAT001", L"Artikelnummer für Objekt löschen?").c_str(), L"QENORA",
