@@ -88,7 +88,7 @@ TEST(MsgResources, ToleratesAByteOrderMarkAndWindowsLineEnds) {
 TEST(MsgResources, AMissingFileIsReportedByPath) {
   CMsgResources r;
   EXPECT_FALSE(r.loadFile("/nonexistent/qen_user.rsx"));
-  EXPECT_EQ(r.error(), "/nonexistent/qen_user.rsx: cannot be read");
+  EXPECT_EQ(r.error(), "/nonexistent/qen_user.rsx: cannot be read (No such file or directory)");
 }
 
 // A resource file that is no regular file, or a huge one, is refused at once: the server
