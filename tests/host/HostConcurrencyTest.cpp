@@ -87,7 +87,7 @@ protected:
 }  // namespace
 
 TEST_F(HostConcurrency, StoreSetsOfDifferentKeysAtTheSameMomentAllLand) {
-  constexpr int kWriters = 4, kEach = 15;
+  constexpr int kWriters = 4, kEach = 12;
   std::string line;
   for (int w = 0; w < kWriters; ++w) {
     line += "( for i in $(seq 1 " + std::to_string(kEach) + "); do " + host() + " store " + quote(m_store) +
@@ -120,7 +120,7 @@ TEST_F(HostConcurrency, SetsAndRemovesOfTheSameKeyEndWithTheLastOne) {
 TEST_F(HostConcurrency, ARunOverlappingAStoreSetKeepsBothChanges) {
   // The layer dialog's run saves the user's own layer; the set at the same moment a key of
   // its own. Each round starts both together.
-  constexpr int kRounds = 12;
+  constexpr int kRounds = 10;
   const std::string run = host() + " run LAYER --store " + quote(m_store) + " --drawing " +
                           quote(scripts() + "/drawings/facade.json") + " --record object=30 --script " +
                           quote(scripts() + "/layer_colour.qds") + " >/dev/null";
@@ -140,7 +140,7 @@ TEST_F(HostConcurrency, ARunOverlappingAStoreSetKeepsBothChanges) {
 }
 
 TEST_F(HostConcurrency, TwoItemDialogsRecordingArticlesAtOnceKeepBoth) {
-  constexpr int kRounds = 12;
+  constexpr int kRounds = 10;
   const std::string table = (m_dir / "qen_obj_order.dex").string();
   int lost = 0;
   for (int i = 0; i < kRounds; ++i) {
