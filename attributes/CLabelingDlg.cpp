@@ -3,6 +3,7 @@
 #include "attributes/CLabelingDlg.h"
 
 #include "data/CConfig.h"
+#include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/CZelMatMgr.h"
 #include "data/CZelMsgClient.h"
@@ -19,6 +20,7 @@
 #include "ui/CMenu.h"
 #include "ui/ZelHelp.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -107,7 +109,7 @@ BOOL CLabelingDlg::OnInitDialog() {
   buildHeader();
   insertTabs();
   refresh();
-  m_suppl.setBaseline(m_list);
+  m_suppl.setBaseline({savedList(), m_list});
 
   CZelString helpFile = m_env.helpFile;
   if (helpFile.isEmpty()) ZEL::help_find(L"QEN", helpFile);
@@ -189,6 +191,20 @@ CZelDataKey CLabelingDlg::listKey() const {
   CZelDataKey k;
   k.set(5005, ZEL::objKey(m_object, 3).c_str(), 5005, L"TXTLST", 0);
   return k;
+}
+
+CZelArrayTempl<CZelString> CLabelingDlg::savedList() const {
+  // Saves rename a finished file into place: read without a lock. Only a regular file.
+  CZelArrayTempl<CZelString> list;
+  const CZelString key3 = ZEL::objKey(m_object, 3);
+  const std::string file = QEN::dataFileName(kListFile, QEN::kDataFileRead).toUtf8();
+  std::error_code ec;
+  if (key3.isEmpty() || !std::filesystem::is_regular_file(file, ec)) return list;
+  std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file));
+  CZelDataKey k;
+  k.set(5005, key3.c_str(), 5005, L"TXTLST", 0);
+  if (saved) saved->get(list, &k);
+  return list;
 }
 
 CZelArrayTempl<CZelString> CLabelingDlg::storedList() const {
@@ -699,7 +715,7 @@ void CLabelingDlg::OnSaveList() {
     entry->remove(&orig);
     return true;
   });
-  if (result.status == ZEL::DataFileUpdate::Saved) m_suppl.setBaseline(list);
+  if (result.status == ZEL::DataFileUpdate::Saved) m_suppl.setBaseline({list, list});
   storeList(list);
   if (result.status == ZEL::DataFileUpdate::Saved) {
     CZelString text = groupLabel() + L"\n";

@@ -27,16 +27,19 @@ public:
   // country table that has a text, else "{?}".
   static CZelString shownText(const CZelString& entry, const CZelString& language);
   static bool hasText(const CZelString& entry, const CZelString& language);
-  // The list as the dialog last had it in common with the list file (when it opened, or at
-  // its last save): what the user added and removed since is measured against it.
-  void setBaseline(const CZelArrayTempl<CZelString>& entries) { m_baseline = entries; }
-  const CZelArrayTempl<CZelString>& baseline() const { return m_baseline; }
+  // What the user's changes are measured against: the list file's entries when the dialog
+  // opened (or at its last save) and the entries the dialog showed then.
+  struct Baseline {
+    CZelArrayTempl<CZelString> file;
+    CZelArrayTempl<CZelString> shown;
+  };
+  void setBaseline(Baseline baseline) { m_baseline = std::move(baseline); }
+  const Baseline& baseline() const { return m_baseline; }
   // The list to save when the file holds `now`: the file's entries without those the user
-  // removed since `baseline`, then the user's entries the file lacks, in the user's order.
-  // So two users saving at once keep both their additions, and a removal by one is not
-  // undone by the other's save.
-  static CZelArrayTempl<CZelString> mergeChanges(const CZelArrayTempl<CZelString>& baseline,
-                                                 const CZelArrayTempl<CZelString>& mine,
+  // deleted (shown and in the file at the baseline, gone from `mine`), then the user's
+  // entries the file did not have at the baseline. So two users saving at once both keep
+  // their additions, and one's deletion is not undone by the other's save.
+  static CZelArrayTempl<CZelString> mergeChanges(const Baseline& baseline, const CZelArrayTempl<CZelString>& mine,
                                                  const CZelArrayTempl<CZelString>& now);
 
   // Ascending: entries without a text in the language first, then by their shown text in upper
@@ -53,7 +56,7 @@ private:
   void announce(int row);
 
   CZelArrayTempl<CZelString> m_entries;
-  CZelArrayTempl<CZelString> m_baseline;
+  Baseline m_baseline;
   CZelString m_language;
   Edit m_lastEdit;
 };

@@ -107,7 +107,9 @@ int saveResults(const CHostOptions& options, const std::string& storePath, const
   const std::string& outPath = options.out.empty() ? storePath : options.out;
   std::string error;
   bool saved = true;
-  if (sameFile(outPath, storePath)) {
+  if (sameFile(outPath, storePath) && loaded == root) {
+    // The run changed nothing: the store is neither locked nor written.
+  } else if (sameFile(outPath, storePath)) {
     // Only what this run changed: changes that other programs saved meanwhile stay.
     ZEL::DataFileUpdateResult r = ZEL::saveStoreChanges(storePath, loaded, root);
     saved = r.ok();

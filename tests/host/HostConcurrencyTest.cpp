@@ -166,6 +166,15 @@ TEST_F(HostConcurrency, ReadingLeavesNoLockFileBehind) {
   ASSERT_EQ(shell(host() + " store " + quote(m_store) + " get _COUNTRY").status, 0);
   ASSERT_EQ(shell(host() + " store " + quote(m_store) + " check").status, 0);
   EXPECT_FALSE(std::filesystem::exists(m_store + ".lock"));
+  // A run that changes nothing neither locks nor rewrites the store.
+  std::string before;
+  ASSERT_TRUE(CStoreFile::readFile(m_store, before));
+  Result cancelled = shell(host() + " run LAYER --store " + quote(m_store) + " --script " + quote(writeScript("c.qds", "cancel\n")));
+  EXPECT_EQ(cancelled.status, 0) << cancelled.out;
+  std::string after;
+  ASSERT_TRUE(CStoreFile::readFile(m_store, after));
+  EXPECT_EQ(after, before);
+  EXPECT_FALSE(std::filesystem::exists(m_store + ".lock"));
   // The labeling dialog reads the saved supplementary lists when it opens.
   std::ofstream(m_dir / "qen_obj_prop.dex") << "{\"KLOTZ:PP\": {\"TXTLST\": [\"\\\\de\\\\Alt\"]}}\n";
   Result r = shell(host() + " run LABEL --store " + quote(m_store) + " --drawing " +
