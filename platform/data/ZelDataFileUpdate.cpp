@@ -108,6 +108,15 @@ DataFileUpdateResult updateStoreFile(const std::string& path, int waitMs,
   return r;
 }
 
+DataFileUpdateResult replaceStoreFile(const std::string& path, int waitMs, const CZelDataItem& item) {
+  CFileLock lock(path, waitMs);
+  if (!lock.isLocked()) return failed(DataFileUpdate::Locked, lock.error());
+  if (!CStoreFile::save(path, item)) return failed(DataFileUpdate::WriteFailed, lastFileError());
+  DataFileUpdateResult r;
+  r.status = DataFileUpdate::Saved;
+  return r;
+}
+
 DataFileUpdateResult updateStoreFile(const std::string& path, int waitMs,
                                      const std::function<bool(CZelDataDir&)>& change) {
   return updateStoreFile(path, waitMs, [&](CZelDataDir& dir, bool) { return change(dir); }, DamagedFile::Reset);

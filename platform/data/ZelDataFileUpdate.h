@@ -7,6 +7,7 @@
 #include <vector>
 
 class CZelDataDir;
+class CZelDataItem;
 
 namespace ZEL {
 
@@ -52,6 +53,11 @@ DataFileUpdateResult updateStoreFile(const std::string& path, int waitMs,
                                      DamagedFile onDamage);
 DataFileUpdateResult updateStoreFile(const std::string& path, int waitMs,
                                      const std::function<bool(CZelDataDir&)>& change);
+
+// Replaces the whole file with `item` under the file's lock (a favourite, a library object):
+// a save that does not depend on the old content, but still waits for other programs'
+// saves and is noted in dataFileFailures() when it fails.
+DataFileUpdateResult replaceStoreFile(const std::string& path, int waitMs, const CZelDataItem& item);
 
 // The first free "<file>.badN" (N = 1, 2, …) for the damaged bytes of a data file.
 std::string damagedCopyPath(const std::string& path);

@@ -211,3 +211,20 @@ TEST_F(DataFileUpdate, SomethingThatIsNoRegularFileIsNotRead) {
   EXPECT_NE(r.message.find("not a regular file"), std::string::npos) << r.message;
   ZEL::clearDataFileFailures();
 }
+
+TEST_F(DataFileUpdate, AWholeFileIsReplacedOnlyUnderItsLock) {
+  std::unique_ptr<CZelDataItem> item(CStoreFile::parse("{\"B\": 30.0}", "item"));
+  ASSERT_TRUE(item);
+  ASSERT_TRUE(CStoreFile::writeAtomic(file, "{\"A\":1}"));
+  {
+    ZEL::CFileLock other(file, 0);
+    ASSERT_TRUE(other.isLocked());
+    auto r = ZEL::replaceStoreFile(file, 50, *item);
+    EXPECT_EQ(r.status, ZEL::DataFileUpdate::Locked);
+    EXPECT_EQ(bytes(file), "{\"A\":1}");
+  }
+  auto r = ZEL::replaceStoreFile(file, 15000, *item);
+  EXPECT_EQ(r.status, ZEL::DataFileUpdate::Saved) << r.message;
+  EXPECT_EQ(bytes(file), "{\n  \"B\": 30.0\n}\n");
+  ZEL::clearDataFileFailures();
+}
