@@ -207,8 +207,20 @@ int hostRun(const CHostOptions& options) {
   if (options.script.empty() && !window)
     std::cerr << "qen-host: no --script and no window: the dialog is cancelled as soon as it opens\n";
 
-  std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
+  // Everything that can be refused is checked before any file is touched: the records and
+  // the objects they name in the drawing.
   std::string error;
+  qenDlgEnv_st checked;
+  for (const auto& [name, value] : options.records)
+    if (!applyRecord(checked, name, value, error)) return fail("--record " + name + ": " + error);
+  CZelDrawing& drawing = CZelDrawing::current();
+  drawing.reset();
+  if (!options.drawing.empty() && !drawing.load(options.drawing)) return fail(ZEL::lastFileError());
+  for (const auto& [name, handle] : {std::pair{"object", &checked.object}, std::pair{"object2", &checked.object2}})
+    if (!handle->isNull() && !drawing.objectData(handle->handle()))
+      return fail(std::string("--record ") + name + "=" + handle->handle().toUtf8() + ": the drawing has no such object");
+
+  std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
   if (options.store.empty() && !hostEnsureStore(storePath, error)) return fail(error);
   ZEL::CConfig* cfg = ZEL::cfgMgrPtr();
   if (!cfg->loadFromFile(storePath)) return fail(ZEL::lastFileError());
@@ -220,10 +232,6 @@ int hostRun(const CHostOptions& options) {
                          ? std::filesystem::path(storePath).parent_path().string()
                          : std::string("."));
   hostRegisterLispFunctions();
-
-  CZelDrawing& drawing = CZelDrawing::current();
-  drawing.reset();
-  if (!options.drawing.empty() && !drawing.load(options.drawing)) return fail(ZEL::lastFileError());
 
   qenDlgEnv_st record;
   record.unit = static_cast<Zel::lUnit>(drawing.insUnits);
@@ -241,13 +249,7 @@ int hostRun(const CHostOptions& options) {
   for (const auto& [name, value] : options.records)
     if (!applyRecord(record, name, value, error)) return fail("--record " + name + ": " + error);
 
-  CZelDataItem* object = nullptr;
-  if (!record.object.isNull()) {
-    object = drawing.objectData(record.object.handle());
-    if (!object) return fail("--record object=" + record.object.handle().toUtf8() + ": the drawing has no such object");
-  }
-  if (!record.object2.isNull() && !drawing.objectData(record.object2.handle()))
-    return fail("--record object2=" + record.object2.handle().toUtf8() + ": the drawing has no such object");
+  CZelDataItem* object = record.object.isNull() ? nullptr : drawing.objectData(record.object.handle());
 
   ZEL::cmdSetSink([](const CZelString& line) { std::cerr << line.toUtf8() << "\n"; });
   ZEL::clearDataFileFailures();

@@ -105,6 +105,11 @@ TEST_F(HostRunArguments, AnEmptyFileNameIsRefusedAndTheUsersOwnStoreStaysUntouch
     EXPECT_EQ(r.status, 2) << option << "\n" << r.out;
     EXPECT_TRUE(contains(r.out, std::string(option) + " needs a value, not an empty one")) << option << "\n" << r.out;
   }
+  // Refused records are refused before the user's own store is made or read.
+  for (const std::string& args : {std::string("--record unit=4294967300"), "--drawing " + drawing("facade.json") + " --record object2=ZZ"}) {
+    Result r = run("run LAYER " + args, env);
+    EXPECT_EQ(r.status, 2) << args << "\n" << r.out;
+  }
   EXPECT_FALSE(std::filesystem::exists(path("home"))) << "no run fell back to the user's own store";
 }
 

@@ -118,8 +118,8 @@ TEST_F(QenHostTest, AFileThatDoesNotParseIsReportedAndLeftByteIdentical) {
 }
 
 TEST_F(QenHostTest, BadArgumentsAndUnknownEntriesEndWithStatusTwo) {
-  for (const char* args : {"", "frobnicate", "run", "run NOPE", "run KLOTZ --record unit", "run KLOTZ --record speed=3",
-                           "run KLOTZ --record unit=99", "run KLOTZ --projections x", "init", "run KLOTZ --bogus"}) {
+  for (const char* args : {"", "frobnicate", "run", "run NOPE", "run LAYER --record unit", "run LAYER --record speed=3",
+                           "run LAYER --record unit=99", "run LAYER --projections x", "init", "run LAYER --bogus"}) {
     Result r = run(args);
     EXPECT_EQ(r.status, 2) << args << "\n" << r.out;
     EXPECT_NE(r.out.find("qen-host: "), std::string::npos) << args;
