@@ -3,6 +3,7 @@
 #include "attributes/CLabelingDlg.h"
 
 #include "data/CConfig.h"
+#include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/CZelMatMgr.h"
 #include "data/CZelMsgClient.h"
@@ -19,6 +20,7 @@
 #include "ui/CMenu.h"
 #include "ui/ZelHelp.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -107,6 +109,7 @@ BOOL CLabelingDlg::OnInitDialog() {
   buildHeader();
   insertTabs();
   refresh();
+  m_suppl.setBaseline({savedList(), m_list});
 
   CZelString helpFile = m_env.helpFile;
   if (helpFile.isEmpty()) ZEL::help_find(L"QEN", helpFile);
@@ -188,6 +191,20 @@ CZelDataKey CLabelingDlg::listKey() const {
   CZelDataKey k;
   k.set(5005, ZEL::objKey(m_object, 3).c_str(), 5005, L"TXTLST", 0);
   return k;
+}
+
+CZelArrayTempl<CZelString> CLabelingDlg::savedList() const {
+  // Saves rename a finished file into place: read without a lock. Only a regular file.
+  CZelArrayTempl<CZelString> list;
+  const CZelString key3 = ZEL::objKey(m_object, 3);
+  const std::string file = QEN::dataFileName(kListFile, QEN::kDataFileRead).toUtf8();
+  std::error_code ec;
+  if (key3.isEmpty() || !std::filesystem::is_regular_file(file, ec)) return list;
+  std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file));
+  CZelDataKey k;
+  k.set(5005, key3.c_str(), 5005, L"TXTLST", 0);
+  if (saved) saved->get(list, &k);
+  return list;
 }
 
 CZelArrayTempl<CZelString> CLabelingDlg::storedList() const {
@@ -680,18 +697,25 @@ void CLabelingDlg::OnSaveList() {
   if (m_busy) return;
   const CZelString key3 = ZEL::objKey(m_object, 3);
   if (key3.isEmpty()) return;
-  CZelArrayTempl<CZelString> list;
+  CZelArrayTempl<CZelString> mine;
   for (const CZelString& e : m_suppl.entries())
-    if (!e.isEmpty()) list.add(e);
+    if (!e.isEmpty()) mine.add(e);
+  // Under the file's lock, the user's additions and removals go into the list as the file
+  // holds it now: another user who saved meanwhile keeps the texts they added.
+  CZelArrayTempl<CZelString> list = mine;
   const std::string file = QEN::dataFileName(kListFile, QEN::kDataFileWrite).toUtf8();
   const ZEL::DataFileUpdateResult result = ZEL::updateStoreFile(file, kListFileWaitMs, [&](CZelDataDir& dir) {
     CZelDataItem* entry = dir.makeDir(CZelDataKey(key3));
     if (!entry) return false;
     CZelDataKey txtLst(L"TXTLST"), orig(L"ORIG");
+    CZelArrayTempl<CZelString> now;
+    entry->get(now, &txtLst);
+    list = CLabelingSupplLst::mergeChanges(m_suppl.baseline(), mine, now);
     QEN::itemSet(entry, &txtLst, list);
     entry->remove(&orig);
     return true;
   });
+  if (result.status == ZEL::DataFileUpdate::Saved) m_suppl.setBaseline({list, list});
   storeList(list);
   if (result.status == ZEL::DataFileUpdate::Saved) {
     CZelString text = groupLabel() + L"\n";

@@ -46,6 +46,8 @@ private:
   void setTexts(const wchar_t* key, const CZelString& value);
   void setTexts(const wchar_t* key, int value);
   CZelDataKey listKey() const;  // (object key, "TXTLST")
+  // The supplementary list of the object's type as the list file holds it now.
+  CZelArrayTempl<CZelString> savedList() const;
   CZelArrayTempl<CZelString> storedList() const;
   void storeList(const CZelArrayTempl<CZelString>& list);
 

@@ -46,6 +46,19 @@ void CLabelingSupplLst::sortEntries(CZelArrayTempl<CZelString>& entries, const C
   for (int i = 0, j = entries.count() - 1; i < j; ++i, --j) std::swap(entries[i], entries[j]);
 }
 
+CZelArrayTempl<CZelString> CLabelingSupplLst::mergeChanges(const Baseline& baseline, const CZelArrayTempl<CZelString>& mine,
+                                                           const CZelArrayTempl<CZelString>& now) {
+  auto has = [](const CZelArrayTempl<CZelString>& list, const CZelString& e) { return list.find(e) >= 0; };
+  CZelArrayTempl<CZelString> merged;
+  for (const CZelString& e : now) {
+    const bool deleted = has(baseline.file, e) && has(baseline.shown, e) && !has(mine, e);
+    if (!e.isEmpty() && !deleted && !has(merged, e)) merged.add(e);
+  }
+  for (const CZelString& e : mine)
+    if (!e.isEmpty() && !has(baseline.file, e) && !has(merged, e)) merged.add(e);
+  return merged;
+}
+
 int CLabelingSupplLst::duplicateOf(const CZelString& text, int except) const {
   for (int i = 0; i < m_entries.count(); ++i)
     if (i != except && ZEL::label_get(m_entries[i], m_language.c_str()) == text) return i;

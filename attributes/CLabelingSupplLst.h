@@ -27,6 +27,21 @@ public:
   // country table that has a text, else "{?}".
   static CZelString shownText(const CZelString& entry, const CZelString& language);
   static bool hasText(const CZelString& entry, const CZelString& language);
+  // What the user's changes are measured against: the list file's entries when the dialog
+  // opened (or at its last save) and the entries the dialog showed then.
+  struct Baseline {
+    CZelArrayTempl<CZelString> file;
+    CZelArrayTempl<CZelString> shown;
+  };
+  void setBaseline(Baseline baseline) { m_baseline = std::move(baseline); }
+  const Baseline& baseline() const { return m_baseline; }
+  // The list to save when the file holds `now`: the file's entries without those the user
+  // deleted (shown and in the file at the baseline, gone from `mine`), then the user's
+  // entries the file did not have at the baseline. So two users saving at once both keep
+  // their additions, and one's deletion is not undone by the other's save.
+  static CZelArrayTempl<CZelString> mergeChanges(const Baseline& baseline, const CZelArrayTempl<CZelString>& mine,
+                                                 const CZelArrayTempl<CZelString>& now);
+
   // Ascending: entries without a text in the language first, then by their shown text in upper
   // case; descending is the ascending order reversed.
   static void sortEntries(CZelArrayTempl<CZelString>& entries, const CZelString& language, bool descending);
@@ -41,6 +56,7 @@ private:
   void announce(int row);
 
   CZelArrayTempl<CZelString> m_entries;
+  Baseline m_baseline;
   CZelString m_language;
   Edit m_lastEdit;
 };

@@ -193,23 +193,23 @@ void CLayerReg::setObjLay(const wchar_t* path, int value) {
 CZelString CLayerReg::detName() const {
   CZelString name;
   CZelDataKey k(L"NAME");
-  if (m_env.materialMode) {
-    if (CZelDataItem* item = ZEL::cfg_get(L"*ZEL_DL_LAYDET*\\NAME")) item->get(name);
+  if (CZelDataItem* root = layDet()) {
+    root->get(name, &k);
     return name;
   }
-  if (CZelDataItem* root = layDet()) root->get(name, &k);
+  if (CZelDataItem* item = ZEL::cfg_get(L"*ZEL_DL_LAYDET*\\NAME")) item->get(name);
   return name;
 }
 
-void CLayerReg::setDetName(const CZelString& name) {
-  if (m_env.materialMode) {
-    // Material mode keeps the detail layer in the settings store itself.
-    CZelDataKey k = key({L"*ZEL_DL_LAYDET*", L"NAME"});
-    QEN::storeSet(&k, name);
-    return;
-  }
+void CLayerReg::setDetName(const CZelString& name, DetWrite how) {
   CZelDataKey k(L"NAME");
   QEN::sectionSet(m_layDet, &k, name);
+  if (m_env.materialMode && (how == DetWrite::Entered || !m_layDet)) {
+    // A name the user entered in material mode is the detail layer at once, for whoever
+    // reads the store while the dialog is open.
+    CZelDataKey stored = key({L"*ZEL_DL_LAYDET*", L"NAME"});
+    QEN::storeSet(&stored, name);
+  }
 }
 
 CZelArrayTempl<CZelString> CLayerReg::layerNames() const {
@@ -538,7 +538,7 @@ void CLayerReg::OnNameSelect() {
   CZelString name = m_name.GetLBText(at);
   if (name.len() > 300) name = CZelString(name.str().substr(0, 300));
   if (m_env.materialMode) {
-    setDetName(name);
+    setDetName(name, DetWrite::Entered);
     setMaterialAssignment(name);
     refreshMaterial(kRadios);
     return;
@@ -574,7 +574,7 @@ void CLayerReg::commitName() {
     m_name.SetCurSel(m_name.AddString(name.c_str()));
     chosen = name;
   }
-  setDetName(chosen);
+  setDetName(chosen, DetWrite::Entered);
   refreshDetails();
   if (m_env.materialMode) {
     setMaterialAssignment(chosen);

@@ -45,7 +45,10 @@ private:
   void setObjLay(const wchar_t* path, const CZelString& value);
   void setObjLay(const wchar_t* path, int value);
   CZelString detName() const;
-  void setDetName(const CZelString& name);
+  // Who sets the detail layer: a refresh only shows it (the dialog's own section, which OK
+  // writes back); the user's name entry in material mode also puts it in the store at once.
+  enum class DetWrite { Shown, Entered };
+  void setDetName(const CZelString& name, DetWrite how = DetWrite::Shown);
 
   void refresh(int bits);
   void refreshObject(int bits);

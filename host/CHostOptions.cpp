@@ -1,5 +1,6 @@
 #include "CHostOptions.h"
 
+#include <cerrno>
 #include <cstdlib>
 
 const char* CHostOptions::usage() {
@@ -42,6 +43,11 @@ bool CHostOptions::parse(int argc, char** argv, std::string& error) {
         return false;
       }
       out = argv[++i];
+      // An empty name would quietly mean "not given": for --store the user's own store.
+      if (out.empty()) {
+        error = a + " needs a value, not an empty one";
+        return false;
+      }
       return true;
     };
     if (a == "--store") { if (!value(store)) return false; }
@@ -68,9 +74,10 @@ bool CHostOptions::parse(int argc, char** argv, std::string& error) {
       std::string n;
       if (!value(n)) return false;
       char* end = nullptr;
+      errno = 0;
       long v = std::strtol(n.c_str(), &end, 10);
-      if (n.empty() || *end || v < 0 || v > 1000) {
-        error = "--projections takes a whole number, not \"" + n + "\"";
+      if (n.empty() || *end || errno == ERANGE || v < 0 || v > 1000) {
+        error = "--projections takes a whole number from 0 to 1000, not \"" + n + "\"";
         return false;
       }
       projections = static_cast<int>(v);

@@ -2,6 +2,8 @@
 
 #include "HostEntryHooks.h"
 
+#include "qen_entries.h"
+
 #include <strings.h>
 
 const std::vector<HostEntry>& hostEntries() {
@@ -28,8 +30,12 @@ const std::vector<HostEntry>& hostEntries() {
   return entries;
 }
 
+// Names and types alike are matched without regard to case: a user who types "klotz" or
+// "qendlghzkl" means the same entry.
 const HostEntry* findHostEntry(const std::string& nameOrType) {
   for (const auto& e : hostEntries())
-    if (nameOrType == e.function || strcasecmp(nameOrType.c_str(), e.objectType) == 0) return &e;
+    if (strcasecmp(nameOrType.c_str(), e.function) == 0 || strcasecmp(nameOrType.c_str(), e.objectType) == 0) return &e;
   return nullptr;
 }
+
+bool hostEntryAvailable(const HostEntry& entry) { return entry.call && qenEntryAvailable(entry.function); }

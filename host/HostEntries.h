@@ -26,4 +26,8 @@ struct HostEntry {
 };
 
 const std::vector<HostEntry>& hostEntries();
+// The entry by exported name or object type, either without regard to case.
 const HostEntry* findHostEntry(const std::string& nameOrType);
+// Whether a run of the entry opens its dialog: the host can call it and the module has the
+// dialog registered. False: the run says the dialog does not exist yet.
+bool hostEntryAvailable(const HostEntry& entry);

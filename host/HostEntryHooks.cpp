@@ -3,7 +3,6 @@
 #include "HostEntryHooks.h"
 
 #include "data/CConfig.h"
-#include "data/CFileLock.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/ZelDataAccess.h"
@@ -15,6 +14,7 @@
 #include "data/CZelDrawing.h"
 #include "data/ZelCommandLine.h"
 
+#include <filesystem>
 #include <memory>
 
 // The layer dialog works on "*QEN_OBJ_LAY*", prepared from the object being set.
@@ -80,12 +80,11 @@ std::unique_ptr<CZelDataItem>& labelObjectBefore() {
 // joins the one of the settings store: entries the store lacks are added at the end.
 void mergeSavedList(const CZelString& key3) {
   const std::string file = QEN::dataFileName(L"qen_obj_prop.dex", QEN::kDataFileRead).toUtf8();
-  std::unique_ptr<CZelDataItem> saved;
-  {
-    ZEL::CFileLock lock(file, 15000);
-    if (!lock.isLocked()) return;
-    saved.reset(CStoreFile::load(file));
-  }
+  // Saves rename a finished file into place, so reading takes no lock and leaves no lock
+  // file beside the store. Only a regular file is read.
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(file, ec)) return;
+  std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file));
   CZelDataKey inFile;
   inFile.set(5005, key3.c_str(), 5005, L"TXTLST", 0);
   CZelArrayTempl<CZelString> fromFile, list;

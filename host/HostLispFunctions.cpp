@@ -18,6 +18,7 @@
 
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
+#include "data/ZelDataFileUpdate.h"
 #include "data/CUniqPointer.h"
 #include "data/CZelApp.h"
 #include "data/CZelDataDir.h"
@@ -88,8 +89,10 @@ int favSave(const resbuf* args, resbuf** result) {
   fs::path dir = folderOf(CZelDrawing::current().favouritesFolder);
   std::error_code ec;
   fs::create_directories(dir, ec);
-  if (!CStoreFile::save((dir / (type.upper().toUtf8() + ".json")).string(), *section)) {
-    ZEL::cmdPrint(CZelString::fromUtf8(ZEL::lastFileError()));
+  const ZEL::DataFileUpdateResult saved =
+      ZEL::replaceStoreFile((dir / (type.upper().toUtf8() + ".json")).string(), ZEL::kDataFileWaitMs, *section);
+  if (!saved.ok()) {
+    ZEL::cmdPrint(CZelString::fromUtf8(saved.message));
     return answer(result, ZEL::newRb(RTNIL));
   }
   return answer(result, ZEL::newRb(RTT));
@@ -130,8 +133,9 @@ int objSave(const resbuf* args, resbuf** result) {
   std::error_code ec;
   fs::create_directories(dir, ec);
   const std::string stem = fileNameOf(ZEL::objKey(object.get(), 4));
-  if (!CStoreFile::save((dir / (stem + ".json")).string(), *object)) {
-    ZEL::cmdPrint(CZelString::fromUtf8(ZEL::lastFileError()));
+  const ZEL::DataFileUpdateResult saved = ZEL::replaceStoreFile((dir / (stem + ".json")).string(), ZEL::kDataFileWaitMs, *object);
+  if (!saved.ok()) {
+    ZEL::cmdPrint(CZelString::fromUtf8(saved.message));
     return answer(result, ZEL::newRb(RTNIL));
   }
   const CZelString handle = placeLibraryObject(type, *object, stem);

@@ -4,22 +4,31 @@
 #include "HostLispFunctions.h"
 
 #include "data/CConfig.h"
+#include "data/CFileLock.h"
 #include "data/CStoreFile.h"
+#include "data/CZelDataDir.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelCommandLine.h"
 #include "data/ZelDataAccess.h"
+#include "data/ZelDataFileUpdate.h"
 #include "data/ZelDataFiles.h"
 #include "data/ZelFactorySettings.h"
+#include "data/ZelStoreMerge.h"
 #include "backend/CDialogScript.h"
 #include "backend/CScriptBackend.h"
 #ifdef QEN_WITH_WX
 #include "backend/wx/CWxBackend.h"
 #endif
 
+#include <cerrno>
+#include <climits>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <unistd.h>
 
 namespace {
 
@@ -28,10 +37,12 @@ int fail(const std::string& message) {
   return 2;
 }
 
+// A whole number that fits an int: "4294967300" is refused, not read as 4.
 bool parseInt(const std::string& s, int& out) {
   char* end = nullptr;
-  long v = std::strtol(s.c_str(), &end, 10);
-  if (s.empty() || *end) return false;
+  errno = 0;
+  long long v = std::strtoll(s.c_str(), &end, 10);
+  if (s.empty() || *end || errno == ERANGE || v < INT_MIN || v > INT_MAX) return false;
   out = static_cast<int>(v);
   return true;
 }
@@ -40,17 +51,18 @@ bool parseInt(const std::string& s, int& out) {
 bool applyRecord(qenDlgEnv_st& rec, const std::string& name, const std::string& value, std::string& error) {
   int n = 0;
   if (name == "unit") {
-    if (!parseInt(value, n) || n < 0 || n > 20) { error = "unit takes an insertion-unit code from 0 to 20"; return false; }
+    if (!parseInt(value, n) || n < 0 || n > 20) { error = "unit takes an insertion-unit code from 0 to 20, not \"" + value + "\""; return false; }
     rec.unit = static_cast<Zel::lUnit>(n);
   } else if (name == "format") {
-    if (!parseInt(value, n) || n < 1 || n > 5) { error = "format takes a number format from 1 to 5"; return false; }
+    if (!parseInt(value, n) || n < 1 || n > 5) { error = "format takes a number format from 1 to 5, not \"" + value + "\""; return false; }
     rec.format = static_cast<Zel::lFormat>(n);
   } else if (name == "country") rec.country = CZelString::fromUtf8(value);
   else if (name == "help-file") rec.helpFile = CZelString::fromUtf8(value);
   else if (name == "help-topic") rec.helpTopic = CZelString::fromUtf8(value);
-  else if (name == "object") rec.object = ZEL::CAdsName(CZelString::fromUtf8(value));
-  else if (name == "object2") rec.object2 = ZEL::CAdsName(CZelString::fromUtf8(value));
-  else if (name == "material-mode") {
+  else if (name == "object" || name == "object2") {
+    if (value.empty()) { error = name + " takes the handle of an object of the drawing, not an empty one"; return false; }
+    (name == "object" ? rec.object : rec.object2) = ZEL::CAdsName(CZelString::fromUtf8(value));
+  } else if (name == "material-mode") {
     if (value != "0" && value != "1") { error = "material-mode takes 0 or 1"; return false; }
     rec.materialMode = value == "1";
   } else {
@@ -58,6 +70,64 @@ bool applyRecord(qenDlgEnv_st& rec, const std::string& name, const std::string& 
     return false;
   }
   return true;
+}
+
+bool sameFile(const std::string& a, const std::string& b) {
+  std::error_code ec;
+  if (std::filesystem::equivalent(a, b, ec)) return true;
+  return std::filesystem::weakly_canonical(a, ec) == std::filesystem::weakly_canonical(b, ec);
+}
+
+// Writes the whole store under the file's lock: a new file (--out, init), not a merge.
+bool saveWholeStore(const std::string& path, const CZelDataItem& root, std::string& error) {
+  ZEL::CFileLock lock(path, ZEL::kDataFileWaitMs);
+  if (!lock.isLocked()) {
+    error = lock.error();
+    return false;
+  }
+  if (CStoreFile::save(path, root)) return true;
+  error = ZEL::lastFileError();
+  return false;
+}
+
+// The run's results: the store and, with --drawing-out, the drawing. Both are written or
+// neither: the drawing goes to a file of its own beside its target first, the store is
+// saved, and only then the drawing takes its name. What is left to chance is the final
+// rename, which the message names.
+int saveResults(const CHostOptions& options, const std::string& storePath, const CZelDataItem& loaded,
+                const CZelDataItem& root, const CZelDrawing& drawing) {
+  std::string staged;
+  if (!options.drawingOut.empty()) {
+    staged = options.drawingOut + ".new" + std::to_string(::getpid());
+    if (!drawing.save(staged)) {
+      std::remove(staged.c_str());
+      return fail(ZEL::lastFileError() + "; neither the store nor the drawing was written");
+    }
+  }
+  const std::string& outPath = options.out.empty() ? storePath : options.out;
+  std::string error;
+  bool saved = true;
+  if (sameFile(outPath, storePath) && loaded == root) {
+    // The run changed nothing: the store is neither locked nor written.
+  } else if (sameFile(outPath, storePath)) {
+    // Only what this run changed: changes that other programs saved meanwhile stay.
+    ZEL::DataFileUpdateResult r = ZEL::saveStoreChanges(storePath, loaded, root);
+    saved = r.ok();
+    error = r.message;
+  } else {
+    saved = saveWholeStore(outPath, root, error);
+  }
+  if (!saved) {
+    if (!staged.empty()) std::remove(staged.c_str());
+    return fail(error + (staged.empty() ? "; the store was not written" : "; neither the store nor the drawing was written"));
+  }
+  if (!staged.empty() && std::rename(staged.c_str(), options.drawingOut.c_str()) != 0) {
+    const std::string why = std::strerror(errno);
+    std::remove(staged.c_str());
+    return fail(options.drawingOut + ": cannot be written (" + why + "); the store " + outPath +
+                " was saved, the drawing was not");
+  }
+  return 0;
 }
 
 }  // namespace
@@ -80,23 +150,33 @@ bool hostEnsureStore(const std::string& path, std::string& error) {
     error = ZEL::lastFileError();
     return false;
   }
-  if (!CStoreFile::save(path, *factory)) {
-    error = ZEL::lastFileError();
-    return false;
-  }
-  return true;
+  // Two first runs at once: the one that gets the lock first writes the factory settings,
+  // the other finds them there and leaves them.
+  ZEL::DataFileUpdateResult r = ZEL::updateStoreFile(
+      path, ZEL::kDataFileWaitMs,
+      [&](CZelDataDir& dir, bool existed) {
+        if (existed || !factory->isDir()) return false;
+        dir.copyFrom(*factory->getDir());
+        return true;
+      },
+      ZEL::DamagedFile::Refuse);
+  if (r.ok()) return true;
+  error = r.message;
+  return false;
 }
 
 int hostList() {
   for (const auto& e : hostEntries())
-    std::cout << e.function << "\t" << e.objectType << "\t" << e.serves << (e.call ? "" : "\t(not built yet)") << "\n";
+    std::cout << e.function << "\t" << e.objectType << "\t" << e.serves << (hostEntryAvailable(e) ? "" : "\t(not built yet)")
+              << "\n";
   return 0;
 }
 
 int hostInit(const CHostOptions& options) {
   std::unique_ptr<CZelDataItem> factory(ZEL::factorySettings());
   if (!factory) return fail(ZEL::lastFileError());
-  if (!CStoreFile::save(options.store, *factory)) return fail(ZEL::lastFileError());
+  std::string error;
+  if (!saveWholeStore(options.store, *factory, error)) return fail(error);
   std::cout << "factory settings written to " << options.store << "\n";
   return 0;
 }
@@ -104,7 +184,8 @@ int hostInit(const CHostOptions& options) {
 int hostRun(const CHostOptions& options) {
   const HostEntry* entry = findHostEntry(options.entry);
   if (!entry) return fail("unknown entry \"" + options.entry + "\"; qen-host list shows them");
-  if (!entry->call) return fail(std::string(entry->function) + " (" + entry->objectType + "): this dialog does not exist yet");
+  if (!hostEntryAvailable(*entry))
+    return fail(std::string(entry->function) + " (" + entry->objectType + "): this dialog does not exist yet");
   if (options.gui && options.headless) return fail("--gui and --headless exclude each other");
   if (options.gui && !options.script.empty()) return fail("--gui and --script exclude each other: a script answers the dialogs itself");
 
@@ -126,21 +207,31 @@ int hostRun(const CHostOptions& options) {
   if (options.script.empty() && !window)
     std::cerr << "qen-host: no --script and no window: the dialog is cancelled as soon as it opens\n";
 
-  std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
+  // Everything that can be refused is checked before any file is touched: the records and
+  // the objects they name in the drawing.
   std::string error;
+  qenDlgEnv_st checked;
+  for (const auto& [name, value] : options.records)
+    if (!applyRecord(checked, name, value, error)) return fail("--record " + name + ": " + error);
+  CZelDrawing& drawing = CZelDrawing::current();
+  drawing.reset();
+  if (!options.drawing.empty() && !drawing.load(options.drawing)) return fail(ZEL::lastFileError());
+  for (const auto& [name, handle] : {std::pair{"object", &checked.object}, std::pair{"object2", &checked.object2}})
+    if (!handle->isNull() && !drawing.objectData(handle->handle()))
+      return fail(std::string("--record ") + name + "=" + handle->handle().toUtf8() + ": the drawing has no such object");
+
+  std::string storePath = options.store.empty() ? hostUserStorePath() : options.store;
   if (options.store.empty() && !hostEnsureStore(storePath, error)) return fail(error);
   ZEL::CConfig* cfg = ZEL::cfgMgrPtr();
   if (!cfg->loadFromFile(storePath)) return fail(ZEL::lastFileError());
+  // The store as loaded: at the end only what the run changed against it is saved.
+  std::unique_ptr<CZelDataItem> loaded(cfg->root()->clone());
 
   // The add-on's data files (article table, label lists) live beside the store.
   ZEL::setDataFolder(std::filesystem::path(storePath).has_parent_path()
                          ? std::filesystem::path(storePath).parent_path().string()
                          : std::string("."));
   hostRegisterLispFunctions();
-
-  CZelDrawing& drawing = CZelDrawing::current();
-  drawing.reset();
-  if (!options.drawing.empty() && !drawing.load(options.drawing)) return fail(ZEL::lastFileError());
 
   qenDlgEnv_st record;
   record.unit = static_cast<Zel::lUnit>(drawing.insUnits);
@@ -158,13 +249,10 @@ int hostRun(const CHostOptions& options) {
   for (const auto& [name, value] : options.records)
     if (!applyRecord(record, name, value, error)) return fail("--record " + name + ": " + error);
 
-  CZelDataItem* object = nullptr;
-  if (!record.object.isNull()) {
-    object = drawing.objectData(record.object.handle());
-    if (!object) return fail("--record object=" + record.object.handle().toUtf8() + ": the drawing has no such object");
-  }
+  CZelDataItem* object = record.object.isNull() ? nullptr : drawing.objectData(record.object.handle());
 
   ZEL::cmdSetSink([](const CZelString& line) { std::cerr << line.toUtf8() << "\n"; });
+  ZEL::clearDataFileFailures();
   HostCall call{record, object};
   call.picks = options.picks;
   if (entry->prepare) entry->prepare(call);
@@ -192,8 +280,12 @@ int hostRun(const CHostOptions& options) {
     if (storedCountry) ZEL::cfg_set(L"_COUNTRY", storedCountry.release(), true);
     else ZEL::cfg_remove(L"_COUNTRY");
   }
-  const std::string& outPath = options.out.empty() ? storePath : options.out;
-  if (!cfg->saveToFile(outPath)) return fail(ZEL::lastFileError());
-  if (!options.drawingOut.empty() && !drawing.save(options.drawingOut)) return fail(ZEL::lastFileError());
+  if (int saved = saveResults(options, storePath, *loaded, *cfg->root(), drawing)) return saved;
+  // A data file (article table, label list) that the dialog could not write: the user saw a
+  // message; the caller learns it from the exit status.
+  if (!ZEL::dataFileFailures().empty()) {
+    for (const std::string& message : ZEL::dataFileFailures()) fail(message);
+    return 2;
+  }
   return scriptStatus;
 }

@@ -5,6 +5,7 @@
 #include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
 #include "data/CZelDataItem.h"
+#include "data/ZelDataFileUpdate.h"
 
 #include <algorithm>
 #include <iostream>
@@ -60,11 +61,11 @@ int hostStore(const std::vector<std::string>& args) {
   // No store nests deeper than its files may, so neither does a key.
   if (args.size() >= 3 && std::count(args[2].begin(), args[2].end(), '\\') >= CJsonText::kMaxDepth)
     return fail(args[2].substr(0, 40) + "...: a key has at most " + std::to_string(CJsonText::kMaxDepth) + " parts");
-  // A file that is refused is never written: the verbs below work on what loaded.
-  std::unique_ptr<CZelDataItem> root(CStoreFile::loadDirectory(path));
-  if (!root) return fail(ZEL::lastFileError());
   if (verb == "get") {
     if (!needs(3)) return fail("store FILE get takes one KEY");
+    // Saves rename a finished file into place, so a read needs no lock (and leaves none).
+    std::unique_ptr<CZelDataItem> root(CStoreFile::loadDirectory(path));
+    if (!root) return fail(ZEL::lastFileError());
     CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
     if (const CZelDataItem* item = findItem(*root, key)) {
       std::cout << CStoreFile::toText(*item);
@@ -78,35 +79,53 @@ int hostStore(const std::vector<std::string>& args) {
     }
     return fail(args[2] + ": nothing stored there", 1);
   }
-  if (verb == "set") {
-    if (!needs(4)) return fail("store FILE set takes KEY and a JSON value");
+  if (verb == "set" || verb == "remove") {
+    if (verb == "set" && !needs(4)) return fail("store FILE set takes KEY and a JSON value");
+    if (verb == "remove" && !needs(3)) return fail("store FILE remove takes one KEY");
     CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
-    if (key.isEmpty()) return fail("store FILE set needs a non-empty KEY");
-    std::unique_ptr<CZelDataItem> value(CStoreFile::parse(args[3], "the value"));
-    if (!value) return fail(ZEL::lastFileError());
-    bool ok;
-    if (value->isDir()) {
-      const CZelDataKey* last = &key;
-      CZelDataKey parentKey;
-      for (const CZelDataKey* k = &key; k && !k->isEmpty(); k = k->next()) {
-        if (k->next() && !k->next()->isEmpty()) parentKey.append(k->type(), k->text().c_str());
-        last = k;
-      }
-      if (!last->isStringPart()) return fail("a directory cannot be set into a pair");
-      CZelDataItem* parent = root->make(parentKey.isEmpty() ? nullptr : &parentKey);
-      ok = parent && parent->mkDir()->insert(last->text(), value.release(), false);
-    } else {
-      ok = root->put(&key, ZEL::rbCopyAll(value->value()));
+    if (key.isEmpty()) return fail("store FILE " + verb + " needs a non-empty KEY");
+    std::unique_ptr<CZelDataItem> value;
+    if (verb == "set") {
+      value.reset(CStoreFile::parse(args[3], "the value"));
+      if (!value) return fail(ZEL::lastFileError());
     }
-    if (!ok) return fail(args[2] + ": cannot be set (a pair holds one value)");
-    if (!CStoreFile::save(path, *root)) return fail(ZEL::lastFileError());
-    return 0;
-  }
-  if (verb == "remove") {
-    if (!needs(3)) return fail("store FILE remove takes one KEY");
-    CZelDataKey key = CZelDataKey::fromPath(CZelString::fromUtf8(args[2]));
-    if (!root->remove(&key)) return fail(args[2] + ": nothing stored there", 1);
-    if (!CStoreFile::save(path, *root)) return fail(ZEL::lastFileError());
+    // The change is made to the file as it is under its lock, so that two programs changing
+    // different keys at the same moment both keep their change.
+    std::string refused;
+    int refusedStatus = 2;
+    ZEL::DataFileUpdateResult r = ZEL::updateStoreFile(
+        path, ZEL::kDataFileWaitMs,
+        [&](CZelDataDir& dir, bool existed) {
+          if (!existed) {
+            refused = path + ": cannot be read (missing or not accessible)";
+            return false;
+          }
+          CZelDataItem root;
+          root.mkDir()->copyFrom(dir);  // the change works on a copy: a refused one leaves nothing half-done
+          bool ok = false;
+          if (verb == "remove") {
+            ok = root.remove(&key);
+            if (!ok) { refused = args[2] + ": nothing stored there"; refusedStatus = 1; }
+          } else if (value->isDir()) {
+            const CZelDataKey* last = &key;
+            CZelDataKey parentKey;
+            for (const CZelDataKey* k = &key; k && !k->isEmpty(); k = k->next()) {
+              if (k->next() && !k->next()->isEmpty()) parentKey.append(k->type(), k->text().c_str());
+              last = k;
+            }
+            if (!last->isStringPart()) { refused = "a directory cannot be set into a pair"; return false; }
+            CZelDataItem* parent = root.make(parentKey.isEmpty() ? nullptr : &parentKey);
+            ok = parent && parent->mkDir()->insert(last->text(), value->clone(), false);
+          } else {
+            ok = root.put(&key, ZEL::rbCopyAll(value->value()));
+          }
+          if (!ok && refused.empty()) refused = args[2] + ": cannot be set (a pair holds one value)";
+          if (ok) dir.copyFrom(*root.getDir());
+          return ok;
+        },
+        ZEL::DamagedFile::Refuse);
+    if (!r.ok()) return fail(r.message);
+    if (!refused.empty()) return fail(refused, refusedStatus);
     return 0;
   }
   return fail("unknown store verb \"" + verb + "\" (get, set, remove, check)");

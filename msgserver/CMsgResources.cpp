@@ -1,8 +1,11 @@
 // The texts of the message server, read from resource files.
 #include "msgserver/CMsgResources.h"
 
-#include <fstream>
-#include <sstream>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -86,14 +89,40 @@ bool CMsgResources::load(std::string_view text, const std::string& source) {
 }
 
 bool CMsgResources::loadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
-    m_error = path + ": cannot be read";
+  // Opened without waiting, so that a FIFO without a writer cannot hold the server (and
+  // every client with it); then only a regular file is read, and at most kMaxFileBytes.
+  int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  if (fd < 0) {
+    m_error = path + ": cannot be read (" + std::strerror(errno) + ")";
     return false;
   }
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return load(bytes.str(), path);
+  struct stat st {};
+  if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+    ::close(fd);
+    m_error = path + ": not a regular file";
+    return false;
+  }
+  std::string bytes;
+  char buf[65536];
+  bool tooLarge = false, failed = false;
+  for (;;) {
+    ssize_t n = ::read(fd, buf, sizeof(buf));
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) { failed = true; break; }
+    if (n == 0) break;
+    if (bytes.size() + static_cast<std::size_t>(n) > kMaxFileBytes) { tooLarge = true; break; }
+    bytes.append(buf, static_cast<std::size_t>(n));
+  }
+  ::close(fd);
+  if (failed) {
+    m_error = path + ": cannot be read (" + std::strerror(errno) + ")";
+    return false;
+  }
+  if (tooLarge) {
+    m_error = path + ": larger than " + std::to_string(kMaxFileBytes) + " bytes, not a resource file";
+    return false;
+  }
+  return load(bytes, path);
 }
 
 std::string CMsgResources::text(const std::string& key, std::string_view country) const {

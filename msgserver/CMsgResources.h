@@ -21,7 +21,10 @@ public:
   // Takes in the texts of `text`, read from `source` (a name for messages); false with
   // error() set when the text has an error, and then nothing is changed.
   bool load(std::string_view text, const std::string& source);
+  // Reads only a regular file of at most kMaxFileBytes; a device, a FIFO or a folder is
+  // refused at once, without waiting for it.
   bool loadFile(const std::string& path);
+  static constexpr std::size_t kMaxFileBytes = 16u << 20;
 
   // The key's text for a country code; empty when there is none. No fallback to another
   // code: a caller building a multilingual entry must see which codes really have texts.

@@ -60,14 +60,22 @@ void CQenItemDlg::OnOK() {
   ZEL::obj_order_get(m_key, recorded);
   CZelString typed = m_article.GetWindowText();
   typed.trim();
-  if (typed != recorded) {
+  if (typed != recorded && !m_key.isEmpty()) {
     bool save = true;
     if (typed.isEmpty()) {
       int answer = MessageBoxW(GetMsg(L"QEN_MAT001", L"Artikelnummer für Objekt löschen?").c_str(), L"QENORA",
                                MB_YESNO | MB_ICONQUESTION | MB_TASKMODAL);
       save = answer == IDYES;
     }
-    if (save) QEN::obj_order_save(m_key, typed);
+    std::string why;
+    if (save && !QEN::obj_order_save(m_key, typed, &why)) {
+      // The dialog stays open with what the user typed: the table can be repaired or the
+      // dialog cancelled, and nothing is taken as recorded that is not.
+      const CZelString text = GetMsg(L"QEN_MFC_ORDER_001", L"Die Artikelnummer wurde nicht gespeichert.") + L"\n" +
+                              CZelString::fromUtf8(why.empty() ? ZEL::obj_order_file() : why);
+      MessageBoxW(text.c_str(), L"QENORA", MB_OK | MB_ICONEXCLAMATION);
+      return;
+    }
   }
   // Confirmed, whether anything was recorded or not: the host only learns that the user
   // did not cancel.

@@ -4,7 +4,11 @@
 #include "data/CZelDataItem.h"
 
 #include <cctype>
+#include <cerrno>
+#include <cstdlib>
+#include <limits>
 #include <memory>
+#include <sys/stat.h>
 #include <unordered_map>
 
 namespace {
@@ -62,16 +66,33 @@ bool tokenize(const std::string& line, std::vector<Token>& out, std::string& err
   return true;
 }
 
+// A whole number that fits an int; anything else (letters, a number out of range) is not.
 bool toInt(const std::string& s, int& out) {
   if (s.empty()) return false;
-  std::size_t used = 0;
-  try {
-    long v = std::stol(s, &used, 10);
-    out = static_cast<int>(v);
-  } catch (...) {
-    return false;
+  errno = 0;
+  char* end = nullptr;
+  const long long v = std::strtoll(s.c_str(), &end, 10);
+  if (*end || errno == ERANGE || v < std::numeric_limits<int>::min() || v > std::numeric_limits<int>::max()) return false;
+  out = static_cast<int>(v);
+  return true;
+}
+
+// A word written as a whole number (or PAGE/ID) that does not fit an int: such a number
+// must not wrap into another control or line.
+bool outOfRange(const std::string& word) {
+  std::size_t from = 0;
+  while (from <= word.size()) {
+    std::size_t slash = word.find('/', from);
+    const std::string part = word.substr(from, slash == std::string::npos ? std::string::npos : slash - from);
+    std::size_t digits = part.size() > 0 && (part[0] == '-' || part[0] == '+') ? 1 : 0;
+    bool allDigits = digits < part.size();
+    for (std::size_t i = digits; i < part.size(); ++i) allDigits = allDigits && std::isdigit(static_cast<unsigned char>(part[i]));
+    int ignored = 0;
+    if (allDigits && !toInt(part, ignored)) return true;
+    if (slash == std::string::npos) break;
+    from = slash + 1;
   }
-  return used == s.size();
+  return false;
 }
 
 bool toTarget(const Token& t, CDialogScript::Target& out) {
@@ -125,6 +146,8 @@ const std::unordered_map<std::string, CDialogScript::Op>& ops() {
 bool CDialogScript::parse(std::string_view text, const std::string& name, CDialogScript& out, std::string& error) {
   out.m_name = name;
   out.m_commands.clear();
+  // A byte-order mark that an editor put before the first command is not part of it.
+  if (text.substr(0, 3) == "\xEF\xBB\xBF") text.remove_prefix(3);
   std::size_t start = 0;
   int lineNo = 0;
   while (start <= text.size()) {
@@ -241,13 +264,24 @@ bool CDialogScript::parse(std::string_view text, const std::string& name, CDialo
         break;
       }
     }
-    if (!ok) return bad("usage: " + usage);
+    if (!ok) {
+      for (std::size_t i = 1; i < n; ++i)
+        if (!tok[i].quoted && outOfRange(tok[i].text))
+          return bad(tok[i].text + ": number out of range (" + std::to_string(std::numeric_limits<int>::min()) + " to " +
+                     std::to_string(std::numeric_limits<int>::max()) + ")");
+      return bad("usage: " + usage);
+    }
     out.m_commands.push_back(std::move(c));
   }
   return true;
 }
 
 bool CDialogScript::load(const std::string& path, CDialogScript& out, std::string& error) {
+  struct stat st {};
+  if (::stat(path.c_str(), &st) == 0 && !S_ISREG(st.st_mode)) {
+    error = path + (S_ISDIR(st.st_mode) ? ": is a folder, not a script" : ": is not a regular file, not a script");
+    return false;
+  }
   std::string bytes;
   if (!CStoreFile::readFile(path, bytes)) {
     error = path + ": cannot read the script";

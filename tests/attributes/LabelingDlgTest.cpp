@@ -17,6 +17,8 @@
 #include "resources/dialogs/labeling_ids.h"
 #include "tests/support/DialogRun.h"
 
+#include "attributes/CLabelingSupplLst.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -370,10 +372,48 @@ TEST_F(LabelingDlgTest, SaveListWritesTheFileAndSaysSo) {
   Texts list;
   CZelDataKey k = CZelDataKey::fromPath(L"KLOTZ:PP\\TXTLST"), orig = CZelDataKey::fromPath(L"KLOTZ:PP\\ORIG");
   ASSERT_TRUE(saved->get(list, &k));
-  EXPECT_EQ(list, (Texts{L"\\de\\Distanzklotz\\en\\Spacer block", L"\\de\\Tragklotz\\en\\Load-bearing setting block"}));
+  // "Alt" was saved by someone else after this dialog had opened: the save keeps it.
+  EXPECT_EQ(list, (Texts{L"\\de\\Alt", L"\\de\\Distanzklotz\\en\\Spacer block",
+                         L"\\de\\Tragklotz\\en\\Load-bearing setting block"}));
   EXPECT_EQ(saved->find(&orig), nullptr);
   CZelDataKey other = CZelDataKey::fromPath(L"DICHT:EPDM\\TXTLST");
   EXPECT_NE(saved->find(&other), nullptr) << "the other types' lists stay";
+}
+
+TEST_F(LabelingDlgTest, SaveListPutsTheUsersRemovalsAndAdditionsIntoTheListAsTheFileHoldsItNow) {
+  // Distanzklotz and Tragklotz were there when the dialog opened; "Fremd" was saved by
+  // another user afterwards. This user deletes Distanzklotz and adds Randklotz.
+  const std::filesystem::path file = m_root / "data" / "qen_obj_prop.dex";
+  std::ofstream(file) << R"({"KLOTZ:PP": {"TXTLST": ["\\de\\Distanzklotz\\en\\Spacer block", "\\de\\Fremd",
+                                                   "\\de\\Tragklotz\\en\\Load-bearing setting block"]}})";
+  DialogRun r = run(L"4A", "select 2001 \"Distanzklotz\"\nmenu 2001 10 10\nchoose 32770\nexpect 2001 items 1\n"
+                           "menu 2001 10 30\nchoose 32769\nlabel 2001 1 \"Randklotz\"\nclick 10022\n"
+                           "expect 2001 items 3\nok\n");
+  EXPECT_EQ(r.status, 0) << r.err << r.out;
+  std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file.string()));
+  ASSERT_TRUE(saved);
+  Texts list;
+  CZelDataKey k = CZelDataKey::fromPath(L"KLOTZ:PP\\TXTLST");
+  ASSERT_TRUE(saved->get(list, &k));
+  EXPECT_EQ(list, (Texts{L"\\de\\Fremd", L"\\de\\Tragklotz\\en\\Load-bearing setting block", L"\\de\\Randklotz"}));
+  // The dialog shows the list as saved, the other user's text included, and keeps it.
+  EXPECT_EQ(storedList(L"*QEN_OBJ_PROP*\\KLOTZ:PP\\TXTLST").find(L"\\de\\Fremd") >= 0, true);
+}
+
+TEST(LabelingSupplLstMerge, KeepsOthersChangesAndAppliesOnlyTheUsersOwn) {
+  using Baseline = CLabelingSupplLst::Baseline;
+  // The user deleted "b" and added "d"; another user added "x" meanwhile.
+  EXPECT_EQ(CLabelingSupplLst::mergeChanges(Baseline{{L"a", L"b", L"c"}, {L"a", L"b", L"c"}}, Texts{L"a", L"c", L"d"},
+                                            Texts{L"a", L"b", L"x", L"c"}),
+            (Texts{L"a", L"x", L"c", L"d"}));
+  // Another user deleted "a", which this user left alone: it stays deleted.
+  EXPECT_EQ(CLabelingSupplLst::mergeChanges(Baseline{{L"a", L"b"}, {L"a", L"b"}}, Texts{L"a", L"b"}, Texts{L"b"}),
+            (Texts{L"b"}));
+  // Entries only the settings had are the user's to save; a file entry the dialog never
+  // showed is not taken as deleted.
+  EXPECT_EQ(CLabelingSupplLst::mergeChanges(Baseline{{L"f"}, {L"s"}}, Texts{L"s"}, Texts{L"f"}), (Texts{L"f", L"s"}));
+  // Empty entries and repeats are not saved.
+  EXPECT_EQ(CLabelingSupplLst::mergeChanges(Baseline{}, Texts{L"a", L""}, Texts{L"a", L"a"}), (Texts{L"a"}));
 }
 
 TEST_F(LabelingDlgTest, ADamagedListFileIsResetAndTheUserToldWhy) {
@@ -384,7 +424,7 @@ TEST_F(LabelingDlgTest, ADamagedListFileIsResetAndTheUserToldWhy) {
   std::unique_ptr<CZelDataItem> saved(CStoreFile::load(file.string()));
   ASSERT_TRUE(saved);
   EXPECT_TRUE(saved->isDir());
-  EXPECT_TRUE(std::filesystem::exists(ZEL::damagedCopyPath(file.string())));
+  EXPECT_TRUE(std::filesystem::exists(file.string() + ".bad1"));
 }
 
 TEST_F(LabelingDlgTest, PresetsAreSavedAndRemovedWithTheirMessages) {

@@ -84,6 +84,30 @@ TEST_F(LayerRegTest, AMaterialWithItsOwnLayersCanChooseAndCancelPutsTheLayerTabl
   EXPECT_EQ(assignment(L"*ZEL_LAYER*\\MAT\\ALUMINIUM\\PART_CON"), CZelString(L"QEN_KONTUR"));
 }
 
+TEST_F(LayerRegTest, InMaterialModeOkLeavesTheShownLayerAsTheDetailLayer) {
+  auto detName = [] {
+    CZelString name;
+    if (CZelDataItem* item = ZEL::cfg_get(L"*ZEL_DL_LAYDET*\\NAME")) item->get(name);
+    return name;
+  };
+  setStack(L"ALMG1");
+  ASSERT_NE(detName(), CZelString(L"QEN_ALU"));
+  DialogRun r = runLayer("expect 10030 text \"QEN_ALU\"\nok\n", true);
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.result, 1);
+  EXPECT_EQ(detName(), CZelString(L"QEN_ALU")) << "the write-back of OK does not put the old name back";
+  // Cancel leaves what the store had.
+  ZEL::cfg_set(L"*ZEL_DL_LAYDET*\\NAME", ZEL::mkDataItem(ZEL::mkResbuf(L"0")), true);
+  r = runLayer("expect 10030 text \"QEN_ALU\"\ncancel\n", true);
+  EXPECT_EQ(r.result, 0);
+  EXPECT_EQ(detName(), CZelString(L"0"));
+  // A name chosen by the user is the detail layer at once, and after OK.
+  setStack(L"ALUMINIUM");
+  r = runLayer("click 10337\nselect 10030 \"QEN_ALU\"\nexpect-store *ZEL_DL_LAYDET*\\NAME \"QEN_ALU\"\nok\n", true);
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(detName(), CZelString(L"QEN_ALU"));
+}
+
 TEST_F(LayerRegTest, TheInteriorViewIsOfferedOnlyWhenWoodHasAnInteriorLayer) {
   setStack(L"ALUMINIUM");
   DialogRun r = runLayer("expect 15007 items 6\ntab 5\nexpect-store *QEN_MAT*\\CUR_LAY \"PART_INT\"\nok\n", true);

@@ -106,7 +106,7 @@ TEST_F(QenHostTest, AFileThatDoesNotParseIsReportedAndLeftByteIdentical) {
   for (const std::string& args : {std::string("store ") + path("broken.json") + " check",
                                   std::string("store ") + path("broken.json") + " set '*HZ_KLOTZ*\\B' 1.0",
                                   std::string("store ") + path("broken.json") + " remove '*HZ_KLOTZ*'",
-                                  std::string("run KLOTZ --store ") + path("broken.json")}) {
+                                  std::string("run LAYER --store ") + path("broken.json")}) {
     Result r = run(args);
     EXPECT_NE(r.status, 0) << args;
     EXPECT_NE(r.out.find(path("broken.json") + ":3:15"), std::string::npos) << args << "\n" << r.out;
@@ -118,8 +118,8 @@ TEST_F(QenHostTest, AFileThatDoesNotParseIsReportedAndLeftByteIdentical) {
 }
 
 TEST_F(QenHostTest, BadArgumentsAndUnknownEntriesEndWithStatusTwo) {
-  for (const char* args : {"", "frobnicate", "run", "run NOPE", "run KLOTZ --record unit", "run KLOTZ --record speed=3",
-                           "run KLOTZ --record unit=99", "run KLOTZ --projections x", "init", "run KLOTZ --bogus"}) {
+  for (const char* args : {"", "frobnicate", "run", "run NOPE", "run LAYER --record unit", "run LAYER --record speed=3",
+                           "run LAYER --record unit=99", "run LAYER --projections x", "init", "run LAYER --bogus"}) {
     Result r = run(args);
     EXPECT_EQ(r.status, 2) << args << "\n" << r.out;
     EXPECT_NE(r.out.find("qen-host: "), std::string::npos) << args;
@@ -145,7 +145,7 @@ TEST_F(QenHostTest, FactorySettingsHoldEverySectionTheEntriesOpen) {
 }
 
 TEST_F(QenHostTest, TheUserStoreIsMadeFromTheFactorySettingsOnFirstUse) {
-  Result r = run("run KLOTZ", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
+  Result r = run("run LAYER", "XDG_CONFIG_HOME=" + m_dir.string() + " ");
   EXPECT_TRUE(std::filesystem::exists(m_dir / "qen" / "settings.json")) << r.out;
 }
 

@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 const char* const kTexts =
@@ -83,5 +88,28 @@ TEST(MsgResources, ToleratesAByteOrderMarkAndWindowsLineEnds) {
 TEST(MsgResources, AMissingFileIsReportedByPath) {
   CMsgResources r;
   EXPECT_FALSE(r.loadFile("/nonexistent/qen_user.rsx"));
-  EXPECT_EQ(r.error(), "/nonexistent/qen_user.rsx: cannot be read");
+  EXPECT_EQ(r.error(), "/nonexistent/qen_user.rsx: cannot be read (No such file or directory)");
+}
+
+// A resource file that is no regular file, or a huge one, is refused at once: the server
+// reads it while every other client waits.
+TEST(MsgResources, OnlyARegularFileOfBoundedSizeIsRead) {
+  const std::filesystem::path dir = std::filesystem::temp_directory_path() / ("qen-msgres-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(dir);
+  CMsgResources r;
+  EXPECT_FALSE(r.loadFile("/dev/zero"));
+  EXPECT_EQ(r.error(), "/dev/zero: not a regular file");
+  EXPECT_FALSE(r.loadFile(dir.string()));
+  EXPECT_EQ(r.error(), dir.string() + ": not a regular file");
+  const std::string fifo = (dir / "fifo").string();
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_FALSE(r.loadFile(fifo)) << "returns at once although nobody writes into the FIFO";
+  EXPECT_EQ(r.error(), fifo + ": not a regular file");
+  const std::filesystem::path big = dir / "big.rsx";
+  std::ofstream(big) << "[QEN_BIG]\n";
+  std::filesystem::resize_file(big, CMsgResources::kMaxFileBytes + 1);  // sparse: costs no disk
+  EXPECT_FALSE(r.loadFile(big.string()));
+  EXPECT_EQ(r.error(), big.string() + ": larger than " + std::to_string(CMsgResources::kMaxFileBytes) + " bytes, not a resource file");
+  EXPECT_EQ(r.keyCount(), 0u);
+  std::filesystem::remove_all(dir);
 }

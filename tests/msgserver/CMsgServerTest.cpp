@@ -7,7 +7,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
 #include <thread>
+#include <sys/wait.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -179,4 +183,45 @@ TEST_F(MsgServer, AnswersEveryRequestOfAClientThatStoppedSendingAndEndsOnCall6) 
   ::close(quit);
   serving.join();
   EXPECT_EQ(status, 0);
+}
+
+// The server as a program: requests naming a device or a FIFO are answered at once, the
+// server keeps answering the others, and it ends on SIGTERM.
+TEST_F(MsgServer, ADeviceOrAFifoAsResourceFileKeepsTheServerResponsiveAndStoppable) {
+  std::filesystem::create_directories(dir);
+  const std::string fifo = (dir / "fifo").string();
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  pid_t server = ::fork();
+  ASSERT_GE(server, 0);
+  if (server == 0) {
+    ::execl(QEN_MSGSERVER_EXE, QEN_MSGSERVER_EXE, "--socket", options.socketPath.c_str(), static_cast<char*>(nullptr));
+    ::_exit(127);
+  }
+  auto call = [&](const std::string& args) {
+    const std::string cmd = "timeout 5 " + std::string(QEN_MSGSERVER_EXE) + " --socket " + options.socketPath + " call " + args;
+    std::string out;
+    if (FILE* p = ::popen(cmd.c_str(), "r")) {
+      char buf[256];
+      while (std::fgets(buf, sizeof(buf), p)) out += buf;
+      ::pclose(p);
+    }
+    return out;
+  };
+  for (int i = 0; i < 100 && !std::filesystem::exists(options.socketPath); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  ASSERT_TRUE(std::filesystem::exists(options.socketPath));
+  EXPECT_EQ(call("2 /dev/zero"), "0\n");
+  EXPECT_EQ(call("2 " + fifo), "0\n");
+  EXPECT_EQ(call("4 QEN_TXT_001 nope"), "\n") << "the server still answers";
+  ASSERT_EQ(::kill(server, SIGTERM), 0);
+  int status = 0;
+  pid_t ended = 0;
+  for (int i = 0; i < 100 && (ended = ::waitpid(server, &status, WNOHANG)) == 0; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  if (ended == 0) {
+    ::kill(server, SIGKILL);
+    ::waitpid(server, &status, 0);
+  }
+  EXPECT_EQ(ended, server) << "the server did not end on SIGTERM";
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }

@@ -217,3 +217,31 @@ TEST(CSharpDialogInterface, AHostsPictureChoiceIsReachedThroughTheBase) {
   ASSERT_EQ(stack.count(), 3);
   EXPECT_EQ(stack[2], CZelString(L"DIN933"));
 }
+
+TEST_F(ItemDialogTest, ADamagedTableIsNamedWithItsPlaceAndLeftAsItIs) {
+  const std::string damaged = "{\"KLOTZ:PP:B=1:H=1\": \"X\",\n";
+  std::ofstream(m_dir / "qen_obj_order.dex") << damaged;
+  ZEL::cfg_set(CZelDataKey(L"*QEN_OBJ_GEN*"), m_block->clone(), true);
+  WatchedItemDlg dlg(nullptr, m_block.get());
+  DialogRun r = runDialog(dlg, "type 10773 \"KL-30-5\"\nok\nexpect 10773 text \"KL-30-5\"\ncancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.result, IDCANCEL) << "the dialog stays open after the failed save";
+  EXPECT_EQ(tableText(), damaged);
+  const std::string box = dlg.boxText.toUtf8();
+  EXPECT_EQ(box.rfind("Die Artikelnummer wurde nicht gespeichert.\n", 0), 0u) << box;
+  EXPECT_NE(box.find((m_dir / "qen_obj_order.dex").string() + ":"), std::string::npos) << box;
+}
+
+TEST_F(ItemDialogTest, ATableThatCannotBeWrittenIsAMessageNamingTheFile) {
+  // A data folder below a plain file: no lock and no save can be made there, not even by root.
+  std::ofstream(m_dir / "plain") << "x";
+  ZEL::setDataFolder((m_dir / "plain" / "data").string());
+  ZEL::cfg_set(CZelDataKey(L"*QEN_OBJ_GEN*"), m_block->clone(), true);
+  WatchedItemDlg dlg(nullptr, m_block.get());
+  DialogRun r = runDialog(dlg, "type 10773 \"KL-30-5\"\nok\ncancel\n");
+  EXPECT_EQ(r.result, IDCANCEL);
+  const std::string box = dlg.boxText.toUtf8();
+  EXPECT_EQ(box.rfind("Die Artikelnummer wurde nicht gespeichert.\n", 0), 0u) << box;
+  EXPECT_NE(box.find((m_dir / "plain" / "data" / "qen_obj_order.dex").string()), std::string::npos) << box;
+  EXPECT_EQ(article(), CZelString(L"<none>"));
+}

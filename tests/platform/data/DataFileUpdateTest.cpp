@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -85,9 +86,10 @@ TEST_F(DataFileUpdate, AFileThatDoesNotParseIsResetAndItsBytesKept) {
   EXPECT_FALSE(r.ok());
   EXPECT_FALSE(called) << "the list is not stored in a file that was damaged";
   EXPECT_NE(r.message.find(file + ":3:1"), std::string::npos) << r.message;
-  EXPECT_NE(r.message.find(ZEL::damagedCopyPath(file)), std::string::npos) << r.message;
+  EXPECT_NE(r.message.find(file + ".bad1"), std::string::npos) << r.message;
   EXPECT_EQ(bytes(file), "{}\n");
-  EXPECT_EQ(bytes(ZEL::damagedCopyPath(file)), damaged);
+  EXPECT_EQ(bytes(file + ".bad1"), damaged);
+  EXPECT_EQ(ZEL::damagedCopyPath(file), file + ".bad2");
 
   // The next save works on the fresh directory.
   r = ZEL::updateStoreFile(file, 15000, [](CZelDataDir& d) { return put(d, L"X", L"y"); });
@@ -160,4 +162,69 @@ TEST_F(DataFileUpdate, TwoProcessesSavingAtOnceLoseNoEntry) {
     for (int i = 0; i < kEntries; ++i)
       EXPECT_NE(saved->getDir()->item(CZelString::fromUtf8("P" + std::to_string(p) + "_" + std::to_string(i))), nullptr)
           << "lost P" << p << "_" << i;
+}
+
+TEST_F(DataFileUpdate, EveryDamagedVersionIsKeptInACopyOfItsOwn) {
+  const std::string first = "{\"A\": [1,\n", second = "[\"no directory\"]\n";
+  ASSERT_TRUE(CStoreFile::writeAtomic(file, first));
+  EXPECT_EQ(ZEL::updateStoreFile(file, 15000, [](CZelDataDir&) { return true; }).status, ZEL::DataFileUpdate::Reset);
+  ASSERT_TRUE(CStoreFile::writeAtomic(file, second));
+  auto r = ZEL::updateStoreFile(file, 15000, [](CZelDataDir&) { return true; });
+  EXPECT_EQ(r.status, ZEL::DataFileUpdate::Reset);
+  EXPECT_NE(r.message.find(file + ".bad2"), std::string::npos) << r.message;
+  EXPECT_EQ(bytes(file + ".bad1"), first) << "the first damaged copy is not overwritten";
+  EXPECT_EQ(bytes(file + ".bad2"), second);
+}
+
+TEST_F(DataFileUpdate, ARefusedDamagedFileStaysByteIdenticalAndTheFailureIsNoted) {
+  const std::string damaged = "{\"A\": [1,\n";
+  ASSERT_TRUE(CStoreFile::writeAtomic(file, damaged));
+  ZEL::clearDataFileFailures();
+  bool called = false;
+  auto r = ZEL::updateStoreFile(
+      file, 15000, [&](CZelDataDir&, bool) { return called = true; }, ZEL::DamagedFile::Refuse);
+  EXPECT_EQ(r.status, ZEL::DataFileUpdate::Damaged);
+  EXPECT_FALSE(called);
+  EXPECT_EQ(r.message.rfind(file + ":", 0), 0u) << r.message;
+  EXPECT_NE(r.message.find("left as it is"), std::string::npos) << r.message;
+  EXPECT_EQ(bytes(file), damaged);
+  EXPECT_FALSE(std::filesystem::exists(file + ".bad1"));
+  ASSERT_EQ(ZEL::dataFileFailures().size(), 1u);
+  EXPECT_EQ(ZEL::dataFileFailures()[0], r.message);
+  ZEL::clearDataFileFailures();
+}
+
+TEST_F(DataFileUpdate, TheChangeLearnsWhetherTheFileExisted) {
+  bool seen = true;
+  ZEL::updateStoreFile(file, 15000, [&](CZelDataDir&, bool existed) { seen = existed; return true; },
+                       ZEL::DamagedFile::Refuse);
+  EXPECT_FALSE(seen);
+  ZEL::updateStoreFile(file, 15000, [&](CZelDataDir&, bool existed) { seen = existed; return false; },
+                       ZEL::DamagedFile::Refuse);
+  EXPECT_TRUE(seen);
+}
+
+TEST_F(DataFileUpdate, SomethingThatIsNoRegularFileIsNotRead) {
+  ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+  auto r = ZEL::updateStoreFile(file, 15000, [](CZelDataDir&) { return true; });
+  EXPECT_EQ(r.status, ZEL::DataFileUpdate::Unreadable);
+  EXPECT_NE(r.message.find("not a regular file"), std::string::npos) << r.message;
+  ZEL::clearDataFileFailures();
+}
+
+TEST_F(DataFileUpdate, AWholeFileIsReplacedOnlyUnderItsLock) {
+  std::unique_ptr<CZelDataItem> item(CStoreFile::parse("{\"B\": 30.0}", "item"));
+  ASSERT_TRUE(item);
+  ASSERT_TRUE(CStoreFile::writeAtomic(file, "{\"A\":1}"));
+  {
+    ZEL::CFileLock other(file, 0);
+    ASSERT_TRUE(other.isLocked());
+    auto r = ZEL::replaceStoreFile(file, 50, *item);
+    EXPECT_EQ(r.status, ZEL::DataFileUpdate::Locked);
+    EXPECT_EQ(bytes(file), "{\"A\":1}");
+  }
+  auto r = ZEL::replaceStoreFile(file, 15000, *item);
+  EXPECT_EQ(r.status, ZEL::DataFileUpdate::Saved) << r.message;
+  EXPECT_EQ(bytes(file), "{\n  \"B\": 30.0\n}\n");
+  ZEL::clearDataFileFailures();
 }
