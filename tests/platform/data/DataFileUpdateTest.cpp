@@ -100,7 +100,7 @@ TEST_F(DataFileUpdate, AFileHoldingNoDirectoryIsResetToo) {
   ASSERT_TRUE(CStoreFile::writeAtomic(file, "[\"a\", \"b\"]\n"));
   auto r = ZEL::updateStoreFile(file, 15000, [](CZelDataDir&) { return true; });
   EXPECT_EQ(r.status, ZEL::DataFileUpdate::Reset);
-  EXPECT_NE(r.message.find(file + ": holds no directory"), std::string::npos) << r.message;
+  EXPECT_NE(r.message.find(file + ":1:1: a store file holds a directory (a JSON object) at its top"), std::string::npos) << r.message;
   EXPECT_EQ(bytes(file), "{}\n");
 }
 
