@@ -110,10 +110,11 @@ bool CInsulation::isEdit() const { return ZEL::cfg_get(key2(kSection, L"ORIG")) 
 bool CInsulation::hasOrigValue() const {
   CZelDataItem* item = ZEL::cfg_get(key2(kSection, L"ORIG"));
   if (!item) return false;
+  // The host marks an edit with the object's name; a real, an integer or a text count as well.
   double real = 0.0;
   int integer = 0;
   CZelString text;
-  return item->get(real) || item->get(integer) || item->get(text);
+  return item->get(real) || item->get(integer) || item->get(text) || item->getEname(text);
 }
 
 void CInsulation::storeArticle(const CZelString& article) {

@@ -101,6 +101,11 @@ BOOL Insul::OnInitDialog() {
   const int show = isEdit() ? SW_HIDE : SW_SHOW;
   GetDlgItem(IDC_INSUL_CONS_GROUP)->ShowWindow(show);
   for (const Choice& c : kConstructions) GetDlgItem(c.id)->ShowWindow(show);
+  // The properties tab starts on "Dicke <".
+  if (m_tabs.GetCurSel() == 0 && pageExists(m_page)) {
+    GotoDlgCtrl(m_page.GetDlgItem(IDC_INSUL_PICK_THICKNESS));
+    return FALSE;
+  }
   return TRUE;
 }
 

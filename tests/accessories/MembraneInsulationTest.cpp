@@ -269,6 +269,22 @@ TEST_F(MembraneInsulationTest, HardnessWidthFactorHatchingAndSeparatingLineChang
   EXPECT_EQ(count(separated, Kind::Polyline), 1 + 1 + 2);
 }
 
+TEST_F(MembraneInsulationTest, AMissingHardnessReadsAsHardAndAMissingHatchingFollowsIt) {
+  ZEL::cfg_remove(L"*HZ_DM*\\DRAW");
+  ZEL::cfg_remove(L"*HZ_DM*\\HATCH");
+  DialogRun r = runInsulation(
+      "expect 0/10440 checked\nexpect 0/10439 unchecked\nexpect 10447 checked\nexpect 10334 disabled\ncancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  // DRAW "S" (shown as hard) with no hatching reads as hatched, and "S" can be used.
+  ZEL::cfg_set(L"*HZ_DM*\\DRAW", ZEL::mkDataItem(ZEL::mkResbuf(L"S")), true);
+  r = runInsulation("expect 0/10440 checked\nexpect 10441 checked\nexpect 10334 enabled\ncancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  // The preview follows the same reading: the hatch instead of the symbol.
+  const CDisplayList list = insulationPreview("");
+  EXPECT_EQ(count(list, Kind::Polyline), 1);
+  EXPECT_GT(list.items().size(), 1u);
+}
+
 TEST_F(MembraneInsulationTest, ThePickButtonsEndWithTheHostsCodesAndKeepMode) {
   const struct {
     const char* button;
