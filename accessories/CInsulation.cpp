@@ -79,12 +79,16 @@ BOOL CInsulation::OnInitDialog() {
     // An empty field and a zero are the dialog's to report, with its own messages.
     edit->setCheck(CZelEdit::Check::ByDialog);
   }
-  if (isSubDlg())
+  if (insideAnotherDialog(*this, m_env))
     for (int id : {IDC_INSUL_PICK_THICKNESS, IDC_INSUL_PICK_START, IDC_INSUL_PICK_END}) GetDlgItem(id)->EnableWindow(FALSE);
   m_busy = false;
   refresh();
   GotoDlgCtrl(GetDlgItem(IDC_INSUL_PICK_THICKNESS));
   return FALSE;
+}
+
+bool CInsulation::insideAnotherDialog(const CZelDlg& dialog, const qenDlgEnv_st& record) {
+  return dialog.isSubDlg() || dynamic_cast<const CDialog*>(record.parentWnd()) != nullptr;
 }
 
 double CInsulation::real(const wchar_t* key) const {
@@ -157,7 +161,7 @@ void CInsulation::refresh() {
     show(m_start, IDC_INSUL_PICK_START, false, 0.0);
     show(m_end, IDC_INSUL_PICK_END, false, 0.0);
   }
-  if (isSubDlg())
+  if (insideAnotherDialog(*this, m_env))
     for (int id : {IDC_INSUL_PICK_THICKNESS, IDC_INSUL_PICK_START, IDC_INSUL_PICK_END}) GetDlgItem(id)->EnableWindow(FALSE);
 
   CZelString material;

@@ -25,6 +25,11 @@ public:
   static constexpr int kPickEnd = 1004;
   static constexpr int kPickBaseline = 1005;
 
+  // Whether the dialog runs inside another dialog: the framework knows it from the window
+  // that owns it; the insulation entry opens its dialog without a parent, so the record's
+  // parent window tells it too.
+  static bool insideAnotherDialog(const CZelDlg& dialog, const qenDlgEnv_st& record);
+
 private:
   static const CMessageMapEntry kEntries[];
 

@@ -96,7 +96,7 @@ BOOL Insul::OnInitDialog() {
   for (std::size_t i = 0; i < std::size(kWidths); ++i) SetDlgItemText(kWidths[i], kWidthTexts[i]);
   m_page.refresh();
   // Islands are cut out of the drawing around the insulation: not from inside another dialog.
-  if (isSubDlg()) GetDlgItem(IDC_INSUL_ISLE)->EnableWindow(FALSE);
+  if (CInsulation::insideAnotherDialog(*this, m_env)) GetDlgItem(IDC_INSUL_ISLE)->EnableWindow(FALSE);
   // An existing insulation keeps the construction it was drawn with.
   const int show = isEdit() ? SW_HIDE : SW_SHOW;
   GetDlgItem(IDC_INSUL_CONS_GROUP)->ShowWindow(show);

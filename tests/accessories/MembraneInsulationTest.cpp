@@ -11,6 +11,7 @@
 #include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
 #include "tests/support/DialogRun.h"
+#include "ui/CDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -283,6 +284,20 @@ TEST_F(MembraneInsulationTest, AMissingHardnessReadsAsHardAndAMissingHatchingFol
   const CDisplayList list = insulationPreview("");
   EXPECT_EQ(count(list, Kind::Polyline), 1);
   EXPECT_GT(list.items().size(), 1u);
+}
+
+TEST_F(MembraneInsulationTest, OpenedFromAnotherDialogTheInsulationNeitherPicksNorCutsIslands) {
+  CDialog owner;
+  DialogRun r = runUnderScript(
+      "expect 10443 disabled\nexpect 0/10444 disabled\nexpect 0/10445 disabled\nexpect 0/10446 disabled\n"
+      "expect 10442 enabled\ncancel\n",
+      [&] {
+        qenDlgEnv_st env;
+        env.m_parent = &owner;
+        return static_cast<INT_PTR>(qenDlgDm(env));
+      });
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.result, 0);
 }
 
 TEST_F(MembraneInsulationTest, ThePickButtonsEndWithTheHostsCodesAndKeepMode) {
