@@ -2,6 +2,7 @@
 
 #include "data/CConfig.h"
 #include "data/ZelDataAccess.h"
+#include "framework/QenDialogIds.h"
 #include "obj/ZelObjGen.h"
 #include "obj/ZelObjKey.h"
 #include "obj/ZelObjOrder.h"
@@ -161,7 +162,10 @@ void CMembraneTab::onLength(CZelEdit& edit, const wchar_t* key) {
   }
   // A field left empty writes nothing and shows the stored value again.
   refresh();
-  notifyMain();
+  // The thickness reaches the main dialog once the focus has settled (posted), the others at once.
+  CWnd* main = mainDialog();
+  if (&edit == &m_thickness && main) main->PostMessage(qen::WM_QEN_REFRESH);
+  else notifyMain();
 }
 
 void CMembraneTab::onMaterial() {

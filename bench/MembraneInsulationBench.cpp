@@ -53,12 +53,16 @@ void thicknessChange(benchmark::State& state) {
     if (!dlg) return;
     CWnd* field = dlg->propertiesTab().GetDlgItem(10382);
     if (!field) return;
+    // The preview must really be drawn again: its description names the drawing's extents.
+    const CZelString before = dlg->picture().picture();
     int i = 0;
     for (auto _ : state) {
       const std::string typed = CUserAction::type(*field, (++i % 2) ? L"2" : L"3");
       const std::string left = CUserAction::leave(*field);
+      CWnd::pumpPostedMessages();  // as the message loop would: a refresh may have been posted
       if (!typed.empty() || !left.empty()) state.SkipWithError((typed + left).c_str());
     }
+    if (dlg->picture().picture() == before) state.SkipWithError("the preview was not drawn again");
     ran = true;
   };
   CDialogBackendScope scope(backend);

@@ -37,8 +37,8 @@
 //   - The domain rules of bits 1 and 2 (zero, negative) are applied only where the dialog leaves
 //     the check to the field (Rules::All, the numeric field's default). A dialog that checks the
 //     value itself (Rules::Input; the field's Check::ByDialog) gets zero and negative values
-//     as values and applies its own rules: the insulation dialog words its own messages for an
-//     empty field and for zero and stores the zero, the membrane dialog takes every number.
+//     as values and applies its own rules: one dialog words its own messages for an empty
+//     field and for zero (and may still store the zero), another takes every number.
 //
 // Precision: decimal places of the shown value (angles in degrees). Architectural and fractional
 // text uses the finest fraction 1/2^n with 2^n >= 10^precision, at most 1/256 (precision 2: 1/128).
