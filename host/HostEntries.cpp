@@ -12,8 +12,16 @@ const std::vector<HostEntry>& hostEntries() {
      [](HostCall& c) { prepareAccessory(c, L"KLOTZ"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"KLOTZ"); }},
     {"qenDlgHzDi", "DICHT", "seals", [](HostCall& c) { return qenDlgHzDi(c.record); }},
     {"qenDlgHzSi", "SILIKON", "silicone joints", [](HostCall& c) { return qenDlgHzSi(c.record); }},
-    {"qenDlgHzFo", "FOLIE", "membranes", [](HostCall& c) { return qenDlgHzFo(c.record); }},
-    {"qenDlgDm", "DM", "insulation", [](HostCall& c) { return qenDlgDm(c.record); }},
+    {"qenDlgHzFo", "FOLIE", "membranes", [](HostCall& c) { return callAccessory(c, L"FOLIE", qenDlgHzFo); },
+     [](HostCall& c) { prepareAccessory(c, L"FOLIE"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"FOLIE"); }},
+    // "Dicke <", "Startdicke <", "Enddicke <" (2, 3, 4) take a picked length; "Basislinie <" (5)
+    // belongs to the drawing.
+    {"qenDlgDm", "DM", "insulation",
+     [](HostCall& c) {
+       static constexpr HostValuePick kPicks[] = {{2, L"D"}, {3, L"S"}, {4, L"E"}, {5, nullptr}};
+       return callAccessory(c, L"DM", qenDlgDm, kPicks);
+     },
+     [](HostCall& c) { prepareAccessory(c, L"DM"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"DM"); }},
     {"qenDlgAxis", "AXIS", "glazing axes", [](HostCall& c) { return qenDlgAxis(c.record); }},
     {"qenDlgHzBl", "BLECH", "bent sheets and composite panels", [](HostCall& c) { return qenDlgHzBl(c.record); }},
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},

@@ -14,6 +14,9 @@
 #include "data/CZelDrawing.h"
 #include "data/ZelCommandLine.h"
 
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 
@@ -171,12 +174,44 @@ void finishAccessory(HostCall& c, int code, const wchar_t* type) {
   settings->remove(&orig);
 }
 
-int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&)) {
+namespace {
+
+// A length as the user picked it: a finite number and nothing else.
+bool pickedLength(const std::string& text, double& value) {
+  if (text.empty()) return false;
+  char* end = nullptr;
+  errno = 0;
+  value = std::strtod(text.c_str(), &end);
+  return errno == 0 && end && *end == '\0' && std::isfinite(value);
+}
+
+}  // namespace
+
+int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&), std::span<const HostValuePick> values) {
   int code = entry(c.record);
-  while (code == 103 && c.nextPick < c.picks.size()) {
-    const CZelString handle = CZelString::fromUtf8(c.picks[c.nextPick++]);
-    ZEL::cmdPrint(L"pick: " + CZelString(type) + L" object " + handle);
-    if (!editObject(c, type, handle)) break;
+  while (c.nextPick < c.picks.size()) {
+    if (code == 103) {
+      const CZelString handle = CZelString::fromUtf8(c.picks[c.nextPick++]);
+      ZEL::cmdPrint(L"pick: " + CZelString(type) + L" object " + handle);
+      if (!editObject(c, type, handle)) break;
+      code = entry(c.record);
+      continue;
+    }
+    const HostValuePick* asked = nullptr;
+    for (const HostValuePick& v : values)
+      if (v.code == code) asked = &v;
+    if (!asked || !asked->key) break;
+    const std::string text = c.picks[c.nextPick++];
+    double value = 0.0;
+    if (!pickedLength(text, value)) {
+      ZEL::cmdPrint(L"pick: not a length: " + CZelString::fromUtf8(text));
+      break;
+    }
+    CZelDataKey key;
+    const CZelString section = sectionOf(type);
+    key.set(5005, section.c_str(), 5005, asked->key, 0);
+    ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbReal(value)), true);
+    ZEL::cmdPrint(L"pick: " + CZelString(type) + L" " + asked->key + L" = " + CZelString::fromUtf8(text));
     code = entry(c.record);
   }
   return code;

@@ -3,6 +3,8 @@
 
 #include "HostEntries.h"
 
+#include <span>
+
 void prepareLayers(HostCall& c);
 void finishLayers(HostCall& c, int code);
 void prepareHatches(HostCall& c);
@@ -17,6 +19,18 @@ int callItem(HostCall& c);
 // OK the object takes the settings back. "Objekt <" (end code 103) is answered with the
 // next --pick HANDLE: that object is edited and the dialog opens again, on the tab "MODE"
 // names.
+//
+// A dialog may also end to let the user pick a value in the drawing (the insulation's
+// thickness buttons): for an end code listed in `values` the next --pick VALUE is that
+// value, a length in the object's unit; it is stored under the listed key of the type's
+// settings and the dialog opens again, on the tab "MODE" names. A code listed without a key
+// is a pick the host does not model: the run ends with it. A VALUE that is no finite number
+// ends the run too, with a message, and nothing is stored.
+struct HostValuePick {
+  int code;
+  const wchar_t* key;
+};
 void prepareAccessory(HostCall& c, const wchar_t* type);
 void finishAccessory(HostCall& c, int code, const wchar_t* type);
-int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&));
+int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&),
+                  std::span<const HostValuePick> values = {});

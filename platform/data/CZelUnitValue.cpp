@@ -88,7 +88,7 @@ CZelString CZelUnitValue::format(double stored, bool withUnit) const {
 
 CZelString CZelUnitValue::text(double stored) const { return format(stored, has(ShowUnit)); }
 
-ZelValueResult CZelUnitValue::value(const CZelString& text) const {
+ZelValueResult CZelUnitValue::value(const CZelString& text, Rules rules) const {
   using Kind = CZelValueError::Kind;
   using Quantity = CZelNumberParser::Quantity;
   const Quantity quantity = m_type == Type::Angle    ? Quantity::Angle
@@ -111,9 +111,11 @@ ZelValueResult CZelUnitValue::value(const CZelString& text) const {
     if (stored < base) stored += kTurn;
     if (stored >= base + kTurn) stored = base;  // a rounding step past the full turn
   }
-  const double lower = has(NoNegative) ? std::max(m_min, 0.0) : m_min;
+  const bool domain = rules == Rules::All;
+  const double lower = domain && has(NoNegative) ? std::max(m_min, 0.0) : m_min;
   if (stored < lower) return {0.0, {Kind::TooSmall, format(lower, true)}};
   if (stored > m_max) return {0.0, {Kind::TooLarge, format(m_max, true)}};
-  if (has(NoZero) && stored == 0.0) return {0.0, {Kind::Zero}};
+  if (domain && has(NoZero) && stored == 0.0) return {0.0, {Kind::Zero}};
+  if (!std::isfinite(stored)) return {0.0, {Kind::Overflow, typed}};
   return {stored, {}};
 }

@@ -56,13 +56,20 @@ bool CZelEdit::getVal(double& stored) const {
   return true;
 }
 
-ZelValueResult CZelEdit::readVal() const { return m_value.value(GetWindowText()); }
+ZelValueResult CZelEdit::reading(const CZelString& text) const {
+  return m_value.value(text, m_check == Check::ByDialog ? CZelUnitValue::Rules::Input : CZelUnitValue::Rules::All);
+}
+
+ZelValueResult CZelEdit::readVal() const { return reading(GetWindowText()); }
 
 bool CZelEdit::checkVal(double& stored) {
   if (checkText()) {
-    // A text that is still the last good one keeps its exact value.
-    stored = m_hasGoodValue ? m_goodValue : readVal().value;
-    return true;
+    ZelValueResult r = readVal();
+    if (r.ok()) {
+      // A text that is still the last good one keeps its exact value.
+      stored = GetWindowText() == m_goodText && m_hasGoodValue ? m_goodValue : r.value;
+      return true;
+    }
   }
   if (m_hasGoodValue) stored = m_goodValue;
   return false;
@@ -70,14 +77,18 @@ bool CZelEdit::checkVal(double& stored) {
 
 bool CZelEdit::checkText() {
   const CZelString text = GetWindowText();
-  if (text == m_goodText) return readVal().ok();
-  ZelValueResult r = m_value.value(text);
+  ZelValueResult r = reading(text);
   if (r.ok()) {
-    m_goodText = text;
-    m_goodValue = r.value;
-    m_hasGoodValue = true;
+    if (text != m_goodText) {
+      m_goodText = text;
+      m_goodValue = r.value;
+      m_hasGoodValue = true;
+    }
     return true;
   }
+  // What an empty field means is for a dialog that checks its values itself.
+  if (m_check == Check::ByDialog && r.error.kind() == CZelValueError::Kind::Empty) return true;
+  if (text == m_goodText) return false;
   refuse(r.error);
   return false;
 }
@@ -100,7 +111,7 @@ void CZelEdit::refuse(const CZelValueError& error) {
 
 void CZelEdit::rememberGood(const CZelString& text) {
   m_goodText = text;
-  ZelValueResult r = m_value.value(text);
+  ZelValueResult r = reading(text);
   m_hasGoodValue = r.ok();
   m_goodValue = r.ok() ? r.value : 0.0;
 }
@@ -117,7 +128,7 @@ void CZelEdit::takeStateFrom(CWnd& other) {
 
 void CZelEdit::OnKillFocus(CWnd* newWnd) {
   CEdit::OnKillFocus(newWnd);
-  if (!m_numeric || m_check != Check::OnLeave || !GetModify()) return;
+  if (!m_numeric || !GetModify()) return;
   if (newWnd && newWnd->GetDlgCtrlID() == IDCANCEL && newWnd->kind() == WndKind::PushButton) return;
   checkText();
 }
@@ -125,7 +136,7 @@ void CZelEdit::OnKillFocus(CWnd* newWnd) {
 BOOL CZelEdit::PreTranslateMessage(MSG* msg) {
   if (!msg || msg->message != WM_KEYDOWN || msg->wParam != VK_RETURN || msg->hwnd != this) return CEdit::PreTranslateMessage(msg);
   if (!m_numeric || !GetModify()) return CEdit::PreTranslateMessage(msg);
-  if (m_check == Check::ByDialog || checkText()) {
+  if (checkText()) {
     notifyParent(EN_KILLFOCUS);
     if (m_hWnd) SetModify(FALSE);
   }

@@ -22,7 +22,7 @@
 // ordinary edit (article numbers, descriptions, search masks): it checks nothing and leaves Enter
 // to the dialog. getVal and setVal still work on it, as plain decimal numbers.
 //
-// The check of a numeric field (Check::OnLeave, the default):
+// The check of a numeric field:
 //   - when the field loses the focus while its text is modified, before the dialog gets
 //     EN_KILLFOCUS. A text the program put there is never refused, nor one the user typed back
 //     to it.
@@ -32,11 +32,20 @@
 //     Enter in an unmodified field goes to the dialog as usual.
 //   - not when the focus goes to the Cancel button: the dialog is being left, and the text stays
 //     for the dialog's handler, which finds no value in it.
+// What the check refuses depends on who checks the value (see CZelUnitValue: one meaning of the
+// flags for every dialog):
+//   Check::OnLeave (the default): the dialog leaves the check to the field. Everything that is
+//     not a value of the field is refused: the empty text, no number, overflow, a value outside
+//     the limits, and a value the flags 1 and 2 rule out (zero, negative).
+//   Check::ByDialog: the dialog checks the value itself and words its own messages. The field
+//     refuses only what no dialog could take as a value (no number, not whole, overflow, outside
+//     the explicit limits); an empty field, zero and negative values reach the dialog, which reads
+//     them with readVal (an empty field reads as CZelValueError::Kind::Empty).
 // A refused text is reported in a message box owned by the dialog (caption "QENORA", exclamation
 // icon; the text names what was wrong, "Keine Zahl: 'abc'", in the field's country), and the field
 // goes back to its last good text, unmodified. The dialog still gets EN_KILLFOCUS on leaving (the
 // focus did leave), sees an unmodified field and writes nothing.
-// Dialogs that show messages of their own set Check::ByDialog and use readVal.
+// Whatever the mode, getVal and readVal never give a value that is not finite.
 class CZelEdit : public CEdit {
 public:
   enum class Check { OnLeave, ByDialog };
@@ -63,7 +72,8 @@ public:
   // Shows a stored value (empty for one that is not finite) and clears the modified flag.
   void setVal(double stored);
   // The stored value of the text; false, and `stored` untouched, when the text holds no value
-  // the field accepts (empty, no number, too large, outside the flags or limits). No message.
+  // the field accepts (empty, no number, too large, outside the limits, and with Check::OnLeave
+  // outside the flags 1 and 2). No message.
   bool getVal(double& stored) const;
   // The same with the reason, for dialogs that word their own messages.
   ZelValueResult readVal() const;
@@ -85,8 +95,11 @@ protected:
   void takeStateFrom(CWnd& other) override;
 
 private:
-  // Runs the check on the current text: true when it is acceptable (and remembered as good).
+  // Runs the check on the current text: true when it may go to the dialog (a value is then
+  // remembered as good).
   bool checkText();
+  // The text read under the rules of the field's check mode.
+  ZelValueResult reading(const CZelString& text) const;
   void setUp();
   void refuse(const CZelValueError& error);
   void rememberGood(const CZelString& text);

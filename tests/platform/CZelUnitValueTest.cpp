@@ -164,6 +164,39 @@ TEST(UnitValueFlags, RadiusAllowsZeroButNotNegative) {
   EXPECT_EQ(refused(v, L"-1"), K::TooSmall);
 }
 
+TEST(UnitValueFlags, ADialogThatChecksItselfGetsZeroAndNegativeValues) {
+  // The domain rules of bits 1 and 2 are the field's only where the dialog leaves the check to
+  // it; with Rules::Input the thickness field of the insulation or membrane hands 0 and -5 over.
+  CZelUnitValue v = widthField(U::Millimeters);  // 71
+  using R = CZelUnitValue::Rules;
+  EXPECT_DOUBLE_EQ(v.value(L"0", R::Input).value, 0.0);
+  EXPECT_TRUE(v.value(L"0", R::Input).ok());
+  EXPECT_TRUE(v.value(L"-5", R::Input).ok());
+  EXPECT_DOUBLE_EQ(v.value(L"-5", R::Input).value, -5.0);
+  // What no dialog could take as a value is refused all the same.
+  EXPECT_EQ(v.value(L"", R::Input).error.kind(), K::Empty);
+  EXPECT_EQ(v.value(L"abc", R::Input).error.kind(), K::NotANumber);
+  EXPECT_EQ(v.value(L"1e999", R::Input).error.kind(), K::Overflow);
+  v.setEditFlags(2, 71, 2, -10.0, 10.0);
+  EXPECT_EQ(v.value(L"-11", R::Input).error.kind(), K::TooSmall);
+  EXPECT_EQ(v.value(L"11", R::Input).error.kind(), K::TooLarge);
+}
+
+TEST(UnitValueFlags, NothingThatIsNotFiniteIsEverAValue) {
+  CZelUnitValue v;
+  v.setLUnits(U::Millimeters);
+  v.setEditFlags(2, 68, 2, -DBL_MAX, DBL_MAX);
+  for (const wchar_t* text : {L"nan", L"inf", L"-inf", L"1e999", L"-1e999", L"1e308e2"}) {
+    for (CZelUnitValue::Rules rules : {CZelUnitValue::Rules::All, CZelUnitValue::Rules::Input}) {
+      ZelValueResult r = v.value(text, rules);
+      EXPECT_FALSE(r.ok()) << CZelString(text).toUtf8();
+    }
+  }
+  v.setLUnits(U::Nanometers, 7);  // typed in kilometres: 1e300 of them overflow nanometres
+  EXPECT_EQ(v.value(L"1e300").error.kind(), K::Overflow);
+  EXPECT_EQ(v.value(L"1e300", CZelUnitValue::Rules::Input).error.kind(), K::Overflow);
+}
+
 TEST(UnitValueFlags, AxisLengthsMayBeNegativeOrZero) {
   CZelUnitValue v;
   v.setLUnits(U::Millimeters);

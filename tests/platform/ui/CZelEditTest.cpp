@@ -350,18 +350,52 @@ TEST_F(CZelEditTest, APlainTextFieldTakesAnyTextAndLeavesEnterToTheDialog) {
   EXPECT_EQ(dlg.result(), IDOK);
 }
 
-TEST_F(CZelEditTest, AFieldCheckedByItsDialogShowsOnlyTheDialogsMessages) {
+TEST_F(CZelEditTest, AFieldCheckedByItsDialogHandsOverEmptyZeroAndNegativeButRefusesWhatIsNoNumber) {
+  // Flags 71 say "above 0", but the dialog checks the value itself: the empty field and the
+  // zero reach it and it words its own messages; a negative value reaches it too. Text that no
+  // dialog could take as a value is still refused by the field, with the field's message.
   CBoxRecorder boxes = runZelCtl(dlg, [](CZelCtlTestDlg& d) {
     enter(d.m_own, L"");
     enter(d.m_own, L"0");
     enter(d.m_own, L"abc");
+    EXPECT_EQ(text(d.m_own), "5 mm") << "back at the last good text";
+    enter(d.m_own, L"1e999");
+    enter(d.m_own, L"-3");
+    EXPECT_EQ(text(d.m_own), "-3 mm");
     enter(d.m_own, L"7");
     EXPECT_EQ(text(d.m_own), "7 mm");
+    double v = 0.0;
+    ASSERT_EQ(CUserAction::type(d.m_own, L"0"), "");
+    EXPECT_TRUE(d.m_own.getVal(v)) << "a zero is the dialog's to judge";
+    EXPECT_EQ(v, 0.0);
+    ASSERT_EQ(CUserAction::type(d.m_own, L""), "");
+    EXPECT_EQ(d.m_own.readVal().error.kind(), CZelValueError::Kind::Empty);
+    d.m_own.setVal(7.0);
   });
-  ASSERT_EQ(boxes.boxes.size(), 2u);
+  ASSERT_EQ(boxes.boxes.size(), 4u);
   EXPECT_EQ(boxes.boxes[0].text, "Eintragung notwendig");
   EXPECT_EQ(boxes.boxes[1].text, "Wert darf nicht Null sein");
-  EXPECT_EQ(dlg.log, (std::vector<std::string>{"own refused", "own refused", "own refused", "own=7"}));
+  EXPECT_EQ(boxes.boxes[2].text, "Keine Zahl: 'abc'");
+  EXPECT_EQ(boxes.boxes[3].text.rfind("Zahl zu gro", 0), 0u) << boxes.boxes[3].text;
+  EXPECT_EQ(dlg.log, (std::vector<std::string>{"own refused", "own refused", "own=-3", "own=7"}));
+}
+
+TEST_F(CZelEditTest, AFieldLeftToItselfAppliesTheFlagsToZeroAndNegativeValues) {
+  // The same flags 71 where the dialog does not check: the field refuses zero and negatives.
+  CBoxRecorder boxes = runZelCtl(dlg, [](CZelCtlTestDlg& d) {
+    d.m_length.setVal(12.0);
+    enter(d.m_length, L"0");
+    enter(d.m_length, L"-2");
+    EXPECT_EQ(text(d.m_length), "12 mm");
+    double v = -1.0;
+    ASSERT_EQ(CUserAction::type(d.m_length, L"0"), "");
+    EXPECT_FALSE(d.m_length.getVal(v));
+    EXPECT_EQ(v, -1.0);
+    d.m_length.setVal(12.0);
+  });
+  ASSERT_EQ(boxes.boxes.size(), 2u);
+  EXPECT_EQ(boxes.boxes[0].text, "Au\u00DFerhalb des Bereichs: darf nicht 0 sein");
+  EXPECT_EQ(boxes.boxes[1].text, "Au\u00DFerhalb des Bereichs: mindestens 0 mm");
 }
 
 // --- through a dialog script ------------------------------------------------------------------------

@@ -116,14 +116,17 @@ private:
     *result = take ? TRUE : FALSE;
   }
 
-  // A dialog with messages of its own: it tells an empty field from a zero by the reason.
+  // A dialog with messages of its own: an empty field and a zero are its to refuse (the field
+  // hands both over); it takes negative values.
   void ownCheck() {
     if (!m_own.GetModify()) return;
     ZelValueResult r = m_own.readVal();
+    const bool zero = r.ok() && r.value == 0.0;
     if (r.error.kind() == CZelValueError::Kind::Empty) MessageBox(L"Eintragung notwendig", L"QENORA", MB_OK);
-    else if (r.error.kind() == CZelValueError::Kind::Zero) MessageBox(L"Wert darf nicht Null sein", L"QENORA", MB_OK);
-    log.push_back(r.ok() ? "own=" + CZelString().format(L"%g", r.value).toUtf8() : "own refused");
-    m_own.setVal(r.ok() ? r.value : 5.0);
+    else if (zero) MessageBox(L"Wert darf nicht Null sein", L"QENORA", MB_OK);
+    const bool took = r.ok() && !zero;
+    log.push_back(took ? "own=" + CZelString().format(L"%g", r.value).toUtf8() : "own refused");
+    m_own.setVal(took ? r.value : 5.0);
   }
 };
 

@@ -1,0 +1,210 @@
+#include "accessories/CMembraneTab.h"
+
+#include "data/CConfig.h"
+#include "data/ZelDataAccess.h"
+#include "framework/QenDialogIds.h"
+#include "obj/ZelObjGen.h"
+#include "obj/ZelObjKey.h"
+#include "obj/ZelObjOrder.h"
+#include "qen_mfc.h"
+#include "resources/dialogs/membrane_ids.h"
+#include "ui/DlgEnvMatTree_st.h"
+#include "ui/ZelHelp.h"
+#include "ui/ZelMatTree.h"
+
+#include <cfloat>
+#include <cmath>
+#include <memory>
+
+namespace {
+
+const wchar_t* const kSection = L"*HZ_FOLIE*";
+
+CZelDataKey key2(const wchar_t* section, const wchar_t* name) {
+  CZelDataKey k;
+  k.set(5005, section, 5005, name, 0);
+  return k;
+}
+
+}  // namespace
+
+const CMessageMapEntry CMembraneTab::kEntries[] = {
+    msgmap::word(IDC_MEMBRANE_THICKNESS, EN_KILLFOCUS, L"thickness"),
+    msgmap::word(IDC_MEMBRANE_RADIUS, EN_KILLFOCUS, L"radius"),
+    msgmap::word(IDC_MEMBRANE_DIVISION, EN_KILLFOCUS, L"division"),
+    msgmap::word(IDC_MEMBRANE_MATERIAL, BN_CLICKED, L"mat_tree"),
+    msgmap::word(IDC_MEMBRANE_ARTICLE, BN_CLICKED, L"order"),
+};
+const CMessageMap CMembraneTab::kMessageMap{&CQenAccessoryPage::kMessageMap, kEntries,
+                                            msgmap::wordHandler<&CMembraneTab::command>()};
+
+// The tab does not refresh itself until its initialisation is over.
+CMembraneTab::CMembraneTab() : CQenAccessoryPage(IDD_MEMBRANE_TAB) { m_busy = true; }
+
+void CMembraneTab::addLangRsc() {
+  langRsc(IDC_MEMBRANE_THICKNESS_LABEL, L"QEN_DCL_HLBZ_037", L"Foliendicke");
+  langRsc(IDC_MEMBRANE_RADIUS_LABEL, L"QEN_DCL_HLBZ_038", L"Kehlradius");
+  langRsc(IDC_MEMBRANE_DIVISION_LABEL, L"QEN_DCL_HLBZ_039", L"Teilung");
+  langRsc(IDC_MEMBRANE_MATERIAL, L"QEN_DCL_HLBZ_040", L"Material");
+  langRsc(IDC_MEMBRANE_ARTICLE, L"QEN_DCL_HLBZ_048", L"Artikel...");
+}
+
+BOOL CMembraneTab::OnInitDialog() {
+  m_busy = true;
+  CQenAccessoryPage::OnInitDialog();
+  SetHelpTopic(L"qen_foli");
+  CZelString helpFile;
+  ZEL::help_find(L"QEN", helpFile);
+  SetHelpFile(helpFile);
+
+  int stored = 0;
+  CZelDataItem* unitItem = ZEL::cfg_get(key2(kSection, L"INSUNIT"));
+  const bool hasUnit = unitItem && unitItem->get(stored);
+  const Zel::lUnit unit = hasUnit ? static_cast<Zel::lUnit>(stored) : m_env.unit;
+  const std::pair<CZelEdit*, int> fields[] = {
+      {&m_thickness, IDC_MEMBRANE_THICKNESS}, {&m_radius, IDC_MEMBRANE_RADIUS}, {&m_division, IDC_MEMBRANE_DIVISION}};
+  for (const auto& [edit, id] : fields) {
+    edit->SubclassDlgItem(id, this);
+    edit->setCountry(country());
+    edit->setLUnits(unit, -1);
+    edit->setFormat(m_env.format);
+    // The dialog takes every number it is given, zero and negative ones too: it checks the
+    // values itself, and its rule is to reject none. The field still refuses what is no number.
+    edit->setCheck(CZelEdit::Check::ByDialog);
+  }
+  m_thickness.setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
+  m_division.setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
+  m_radius.setEditFlags(2, 69, 2, -DBL_MAX, DBL_MAX);
+  m_tools.completeObjectTexts(L"FOLIE", m_env);
+  m_busy = false;
+  refresh();
+  return TRUE;
+}
+
+double CMembraneTab::real(const wchar_t* key) const {
+  double value = 0.0;
+  if (CZelDataItem* item = ZEL::cfg_get(key2(kSection, key))) item->get(value);
+  return value;
+}
+
+void CMembraneTab::storeArticle(const CZelString& article) {
+  CZelDataKey order(L"ORDER");
+  if (article.isEmpty()) ZEL::cfg_remove(key2(kSection, L"ORDER"));
+  else ZEL::dataItemSet(sectionItem(), &order, article);
+  if (m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
+}
+
+void CMembraneTab::refresh() {
+  if (m_busy || !GetSafeHwnd()) return;
+  m_busy = true;
+  CZelDataItem* item = sectionItem();
+  CZelString material, draw;
+  CZelDataKey matKey(L"MAT"), drawKey(L"DRAW");
+  if (item) {
+    item->get(material, &matKey);
+    item->get(draw, &drawKey);
+  }
+  ZEL::cfg_set(key2(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  m_thickness.setVal(real(L"D"));
+  m_radius.setVal(real(L"R"));
+  m_division.setVal(real(L"T"));
+  for (CZelEdit* edit : {&m_thickness, &m_radius, &m_division}) edit->EnableWindow(TRUE);
+
+  SetDlgItemText(IDC_MEMBRANE_MATERIAL_TEXT, m_matMgr.matLabel(material, L"-1").c_str());
+
+  // A layer of a build-up lies flat on its neighbours: it has no throat.
+  if (ZEL::cfg_get(key2(kSection, L"SN"))) {
+    SetWindowText(GetMsg(L"HZ169", L"Schicht"));
+    m_radius.EnableWindow(FALSE);
+    m_radius.SetWindowText(L"");
+  } else {
+    m_radius.EnableWindow(TRUE);
+    m_division.EnableWindow(TRUE);
+  }
+  // Only a filled membrane is divided.
+  if (draw == L"F") {
+    m_division.EnableWindow(TRUE);
+  } else {
+    m_division.EnableWindow(FALSE);
+    m_division.SetWindowText(L"");
+  }
+
+  CZelString article;
+  ZEL::obj_order_get(ZEL::objKey(item, 4), article);
+  storeArticle(article);
+  SetDlgItemText(IDC_MEMBRANE_ARTICLE_TEXT, article.c_str());
+
+  m_tools.setCoordFlag(kSection, this, 0);
+  if (!m_env.object.isNull()) {
+    CZelDataKey objectKey(m_env.object.handle());
+    std::unique_ptr<ZEL::CDtaFilePointer> data(ZEL::dtaOpen(ZEL::DTA_OBJECT, ZEL::DTA_STORED, &objectKey, nullptr));
+    CZelDataKey order(L"ORDER");
+    if (CZelDataItem* root = data ? data->get() : nullptr) ZEL::dataItemSet(root, &order, article);
+  }
+  m_busy = false;
+}
+
+void CMembraneTab::command(const CZelString& word) {
+  if (m_busy) return;
+  if (word == L"thickness") onLength(m_thickness, L"D");
+  else if (word == L"radius") onLength(m_radius, L"R");
+  else if (word == L"division") onLength(m_division, L"T");
+  else if (word == L"mat_tree") onMaterial();
+  else if (word == L"order") onArticle();
+}
+
+void CMembraneTab::onLength(CZelEdit& edit, const wchar_t* key) {
+  if (!edit.GetModify()) return;
+  double value = 0.0;
+  if (edit.getVal(value) && std::isfinite(value)) {
+    CZelDataKey k(key);
+    ZEL::dataItemSet(sectionItem(), &k, value);
+  }
+  // A field left empty writes nothing and shows the stored value again.
+  refresh();
+  // The thickness reaches the main dialog once the focus has settled (posted), the others at once.
+  CWnd* main = mainDialog();
+  if (&edit == &m_thickness && main) main->PostMessage(qen::WM_QEN_REFRESH);
+  else notifyMain();
+}
+
+void CMembraneTab::onMaterial() {
+  CZelDataItem* item = sectionItem();
+  CZelString current;
+  CZelDataKey matKey(L"MAT");
+  if (item) item->get(current, &matKey);
+  ZEL::DlgEnvMatTree_st request;
+  request.filter.add(L"SYSTEM");
+  request.all = true;
+  request.country = m_env.country;
+  ZEL::help_find(L"QEN", request.helpFile);
+  request.helpTopic = L"qen_mat_select";
+  request.m_parent = this;
+  request.hwndParent = GetSafeHwnd();
+  CZelString chosen = current;
+  if (ZEL::dlgMatTree(request, chosen) == 1 && chosen != current && item) {
+    const CZelString before = ZEL::objKey(item, 3);
+    ZEL::dataItemSet(item, &matKey, chosen);
+    ZEL::objGen(item, ZEL::kObjGenTexts);
+    const CZelString after = ZEL::objKey(item, 3);
+    if (!before.isEmpty() && !after.isEmpty() && before != after) objGen_objProp_Sync(L"FOLIE");
+  }
+  refresh();
+  notifyMain();
+}
+
+void CMembraneTab::onArticle() {
+  ZEL::DlgEnv_st env;
+  env.m_parent = this;
+  env.hwndParent = GetSafeHwnd();
+  env.country = m_env.country;
+  env.format = m_env.format;
+  CZelDataItem* item = sectionItem();
+  if (qenItemDlgMenu(env, item) != 1) return;
+  CZelString article;
+  ZEL::obj_order_get(ZEL::objKey(item, 4), article);
+  SetDlgItemText(IDC_MEMBRANE_ARTICLE_TEXT, article.c_str());
+  storeArticle(article);
+  refresh();
+  notifyMain();
+}

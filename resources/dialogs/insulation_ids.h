@@ -1,0 +1,41 @@
+// Controls of the insulation dialog (template 10218) and its properties tab (10133).
+#pragma once
+
+#define IDD_INSULATION 10218
+#define IDD_INSULATION_TAB 10133
+
+// The main dialog; the shared controls (OK, Cancel, help, L, S, B, +, -, preview, sheared
+// mark, label line, tabs) have their common numbers.
+#define IDC_INSUL_REPR_GROUP 10452
+#define IDC_INSUL_CONTOUR 10453
+#define IDC_INSUL_FILLED 10447
+#define IDC_INSUL_HATCHED 10441
+#define IDC_INSUL_SEPARATOR 10442
+#define IDC_INSUL_WIDTH_GROUP 10387
+#define IDC_INSUL_WIDTH1 10027
+#define IDC_INSUL_WIDTH2 10029
+#define IDC_INSUL_WIDTH3 10030
+#define IDC_INSUL_WIDTH4 10031
+#define IDC_INSUL_CONS_GROUP 10451
+#define IDC_INSUL_STRAIGHT 10032
+#define IDC_INSUL_ARC 10033
+#define IDC_INSUL_WEDGE 10034
+#define IDC_INSUL_RING 10035
+#define IDC_INSUL_AREA 10036
+#define IDC_INSUL_ISLE_GROUP 10455
+#define IDC_INSUL_ISLE 10443
+
+// The properties tab.
+#define IDC_INSUL_SOFT 10439
+#define IDC_INSUL_HARD 10440
+#define IDC_INSUL_PICK_THICKNESS 10444
+#define IDC_INSUL_PICK_START 10445
+#define IDC_INSUL_PICK_END 10446
+#define IDC_INSUL_THICKNESS 10382
+#define IDC_INSUL_START 10448
+#define IDC_INSUL_END 10449
+#define IDC_INSUL_MATERIAL 10411
+#define IDC_INSUL_MATERIAL_TEXT 10311
+#define IDC_INSUL_ARTICLE 10323
+#define IDC_INSUL_ARTICLE_TEXT 10324
+#define IDC_INSUL_PICK_BASELINE 10450
