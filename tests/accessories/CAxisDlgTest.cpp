@@ -13,6 +13,7 @@
 #include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
 #include "tests/support/DialogRun.h"
+#include "ui/CButton.h"
 #include "ui/CComboBox.h"
 #include "ui/CDialog.h"
 
@@ -196,6 +197,19 @@ TEST_F(CAxisDlgTest, AChangedConstructionLeavesThePresetKeyAloneWhenItStaysTheSa
   EXPECT_EQ(stored(L"*AXIS*\\LEN"), "50.0");
 }
 
+TEST_F(CAxisDlgTest, TheAssignmentButtonsCarryTheirIconsAndTooltips) {
+  std::vector<std::pair<HICON, CZelString>> buttons;
+  runActing([&](CDialog& dialog) {
+    for (int id : {10294, 10334, 10335}) buttons.emplace_back(dialog.button(id).GetIcon(), dialog.button(id).toolTipText());
+  });
+  ASSERT_EQ(buttons.size(), 3u);
+  EXPECT_EQ(buttons[0].first, iconHandle(10308));
+  EXPECT_EQ(buttons[1].first, iconHandle(10304));
+  EXPECT_EQ(buttons[2].first, iconHandle(10305));
+  EXPECT_EQ(buttons[0].second, CZelString(L"Layerzuordnung"));
+  EXPECT_EQ(buttons[2].second, CZelString(L"Beschriftung"));
+}
+
 // --- the preview ------------------------------------------------------------------------------
 
 TEST_F(CAxisDlgTest, AGlazingAxisIsDrawnToScaleAllOnTheCentreLineLayer) {
@@ -258,6 +272,25 @@ TEST_F(CAxisDlgTest, HatchedArrowHeadsAreFilledInTheFillingLayersColour) {
   EXPECT_DOUBLE_EQ(fills[0].points[1].x, 45.0);
   // Back to the outline: no fill.
   EXPECT_TRUE(itemsOf(copyPreview("click 10698\n"), Kind::Fill).empty());
+}
+
+TEST_F(CAxisDlgTest, AHatchChosenWithTheHatchAssignmentHatchesTheArrowHeadWithItsPattern) {
+  onLayers();
+  const CDisplayList picture = copyPreview(
+      "enter 10699 \"200\"\nselect 10708 1\nclick 10694\nclick 10219\n"
+      "click 10334\nclick 0/10355\nselect 0/10344 \"ANSI31\"\nok\n");
+  EXPECT_EQ(stored(L"*AXIS*\\HPNAME"), "\"ANSI31\"");
+  EXPECT_TRUE(itemsOf(picture, Kind::Fill).empty());
+  const std::vector<Item> dashes = itemsOf(picture, Kind::Segments);
+  ASSERT_EQ(dashes.size(), 1u);
+  EXPECT_EQ(dashes[0].color.index(), 3);
+  // Every dash lies on the arrow head, from x = 180 to its tip at 200.
+  ASSERT_GT(dashes[0].points.count(), 0);
+  for (int i = 0; i < dashes[0].points.count(); ++i) {
+    EXPECT_GE(dashes[0].points[i].x, 180.0 - 1e-9);
+    EXPECT_LE(dashes[0].points[i].x, 200.0 + 1e-9);
+    EXPECT_LE(std::fabs(dashes[0].points[i].y), 20.0 / 3.0 + 1e-9);
+  }
 }
 
 TEST_F(CAxisDlgTest, ThePreviewIsDrawnOnTheMenusBackgroundColour) {
