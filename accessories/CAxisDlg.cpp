@@ -10,6 +10,7 @@
 #include "obj/ZelObjKey.h"
 #include "qen_mfc.h"
 #include "resources/dialogs/axis_ids.h"
+#include "ui/CButton.h"
 #include "ui/ZelHelp.h"
 
 #include <cfloat>
@@ -70,11 +71,6 @@ bool infill(const CZelString& cons) { return cons == L"PANEL" || cons == L"PLAN"
 // Colour 7 stands out from the background; as the background itself it is white, as the
 // host shows its drawing.
 CZelColor indexColor(int index) { return index == 7 ? CZelColor::fromRgb(255, 255, 255) : CZelColor::fromIndex(index); }
-
-struct ActionWord {
-  const wchar_t* word;
-  int action;
-};
 
 }  // namespace
 
@@ -182,22 +178,22 @@ void CAxisDlg::refresh() {
   CheckDlgButton(IDC_AXIS_HATCHED, BST_UNCHECKED);
   if (infill(cons) && clamped == 1) {
     CheckDlgButton(IDC_AXIS_CLAMP_CHECK, BST_CHECKED);
-    GetDlgItem(IDC_AXIS_CLAMP_CHECK)->EnableWindow(TRUE);
+    button(IDC_AXIS_CLAMP_CHECK).EnableWindow(TRUE);
     m_depth.EnableWindow(TRUE);
-    GetDlgItem(IDC_AXIS_OUTLINE)->EnableWindow(TRUE);
-    GetDlgItem(IDC_AXIS_HATCHED)->EnableWindow(TRUE);
+    button(IDC_AXIS_OUTLINE).EnableWindow(TRUE);
+    button(IDC_AXIS_HATCHED).EnableWindow(TRUE);
     if (hatch == L"K") CheckDlgButton(IDC_AXIS_OUTLINE, BST_CHECKED);
     if (hatch == L"S") CheckDlgButton(IDC_AXIS_HATCHED, BST_CHECKED);
-    GetDlgItem(IDC_ASSIGN_HATCH)->EnableWindow(hatch == L"S");
+    button(IDC_ASSIGN_HATCH).EnableWindow(hatch == L"S");
   } else {
     CheckDlgButton(IDC_AXIS_CLAMP_CHECK, BST_UNCHECKED);
     m_depth.EnableWindow(FALSE);
     m_depth.SetWindowText(L"");
-    GetDlgItem(IDC_AXIS_CLAMP_CHECK)->EnableWindow(infill(cons));
+    button(IDC_AXIS_CLAMP_CHECK).EnableWindow(infill(cons));
     CheckDlgButton(IDC_AXIS_OUTLINE, BST_CHECKED);
-    GetDlgItem(IDC_AXIS_OUTLINE)->EnableWindow(FALSE);
-    GetDlgItem(IDC_AXIS_HATCHED)->EnableWindow(FALSE);
-    GetDlgItem(IDC_ASSIGN_HATCH)->EnableWindow(FALSE);
+    button(IDC_AXIS_OUTLINE).EnableWindow(FALSE);
+    button(IDC_AXIS_HATCHED).EnableWindow(FALSE);
+    button(IDC_ASSIGN_HATCH).EnableWindow(FALSE);
   }
   drawPreview();
   m_busy = false;
@@ -248,12 +244,17 @@ void CAxisDlg::drawPreview() {
 
 void CAxisDlg::command(const CZelString& word) {
   if (m_busy) return;
-  static constexpr ActionWord kWords[] = {
-      {L"label", 0}, {L"outline", 1}, {L"hatched", 2}, {L"clamp", 3}, {L"len", 4},
-      {L"gd", 5},    {L"cons", 6},    {L"layer", 7},   {L"hatch", 8},
+  struct Word {
+    const wchar_t* word;
+    Action action;
   };
-  for (const ActionWord& w : kWords)
-    if (word == w.word) return dispatch(static_cast<Action>(w.action));
+  static constexpr Word kWords[] = {
+      {L"label", Action::Label},     {L"outline", Action::Outline}, {L"hatched", Action::Hatched},
+      {L"clamp", Action::Clamp},     {L"len", Action::Length},      {L"gd", Action::Depth},
+      {L"cons", Action::Construction}, {L"layer", Action::Layer},   {L"hatch", Action::Hatch},
+  };
+  for (const Word& w : kWords)
+    if (word == w.word) return dispatch(w.action);
 }
 
 template <class Assign>
