@@ -22,7 +22,8 @@ const std::vector<HostEntry>& hostEntries() {
        return callAccessory(c, L"DM", qenDlgDm, kPicks);
      },
      [](HostCall& c) { prepareAccessory(c, L"DM"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"DM"); }},
-    {"qenDlgAxis", "AXIS", "glazing axes", [](HostCall& c) { return qenDlgAxis(c.record); }},
+    {"qenDlgAxis", "AXIS", "glazing axes", [](HostCall& c) { return qenDlgAxis(c.record); },
+     [](HostCall& c) { prepareAccessory(c, L"AXIS"); }, &finishAxis},
     {"qenDlgHzBl", "BLECH", "bent sheets and composite panels", [](HostCall& c) { return qenDlgHzBl(c.record); }},
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
     {"qenNormMenu", "DIN", "standard parts", nullptr},

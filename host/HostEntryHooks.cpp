@@ -126,6 +126,16 @@ bool drawingOnlyKey(const CZelString& name) {
   return name == L"OBJ" || name == L"NAME" || name == L"DICT_PATH" || name == L"GEN";
 }
 
+// After OK the edited object takes the settings, less what only lives while a dialog runs.
+void takeSettings(CZelDataItem* object, const CZelDataItem& settings) {
+  if (!object) return;
+  for (ZEL::CDataIterator it(&settings); !it.done(); it.next()) {
+    const CZelString& name = it.name();
+    if (name == L"ORIG" || name == L"MODE" || name == L"COORD") continue;
+    object->mkDir()->insert(name, it.item(), true);
+  }
+}
+
 // The object becomes the one being edited: its values go into the settings.
 bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle) {
   CZelDrawing& drawing = CZelDrawing::current();
@@ -162,16 +172,17 @@ void finishAccessory(HostCall& c, int code, const wchar_t* type) {
   CZelDataKey orig(L"ORIG");
   CZelString handle;
   if (!settings || !settings->getEname(handle, &orig)) return;
-  if (code == 1) {
-    if (CZelDataItem* data = CZelDrawing::current().objectData(handle)) {
-      for (ZEL::CDataIterator it(settings); !it.done(); it.next()) {
-        const CZelString& name = it.name();
-        if (name == L"ORIG" || name == L"MODE" || name == L"COORD") continue;
-        data->mkDir()->insert(name, it.item(), true);
-      }
-    }
-  }
+  if (code == 1) takeSettings(CZelDrawing::current().objectData(handle), *settings);
   settings->remove(&orig);
+}
+
+void finishAxis(HostCall& c, int code) {
+  CZelDataItem* settings = ZEL::cfg_get(L"*AXIS*");
+  CZelDataKey typeKey(L"TYPE");
+  CZelString type;
+  const bool axisObject = c.object && c.object->get(type, &typeKey) && type == L"AXIS";
+  if (code == 1 && settings && axisObject) takeSettings(c.object, *settings);
+  if (code == 1 || code == 2) ZEL::cfg_remove(L"*AXIS*\\ORIG");
 }
 
 namespace {

@@ -34,3 +34,6 @@ void prepareAccessory(HostCall& c, const wchar_t* type);
 void finishAccessory(HostCall& c, int code, const wchar_t* type);
 int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&),
                   std::span<const HostValuePick> values = {});
+// The axis entry removes "ORIG" itself on OK, so the axis of the drawing being edited is
+// the one the call names; after OK it takes the settings back.
+void finishAxis(HostCall& c, int code);

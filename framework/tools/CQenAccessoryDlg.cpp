@@ -84,13 +84,7 @@ BOOL CQenAccessoryDlg::OnInitDialog() {
     m_object = data ? data->get() : nullptr;
   }
 
-  const std::pair<int, UINT> icons[] = {{IDC_ASSIGN_LAYER, IDI_ASSIGN_LAYER},
-                                        {IDC_ASSIGN_HATCH, IDI_ASSIGN_HATCH},
-                                        {IDC_ASSIGN_LABEL, IDI_ASSIGN_LABEL},
-                                        {IDC_FAV_SAVE, IDI_FAV_SAVE},
-                                        {IDC_FAV_RESTORE, IDI_FAV_RESTORE}};
-  for (const auto& [id, icon] : icons)
-    if (GetDlgItem(id)) button(id).SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(iconHandle(icon)));
+  CSheetTabTools::setButtonIcons(*this);
 
   m_tabs.SubclassDlgItem(IDC_TABS, this);
   m_page.init(m_env, m_sections);
@@ -207,11 +201,7 @@ void CQenAccessoryDlg::OnLabel() {
   }
 }
 
-void CQenAccessoryDlg::OnPreviewMenu(CWnd*, CPoint point) {
-  CRect rect;
-  m_picture.GetWindowRect(&rect);
-  m_tools.previewContextMenu(point, rect, this, &m_picture, &m_gdx);
-}
+void CQenAccessoryDlg::OnPreviewMenu(CWnd*, CPoint point) { m_tools.previewContextMenu(point, this, &m_picture, &m_gdx); }
 
 LRESULT CQenAccessoryDlg::OnRefresh(WPARAM, LPARAM) {
   // A page may report before the pages exist; then there is nothing to refresh yet.

@@ -8,6 +8,7 @@
 #include "data/CZelDataDir.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelDataAccess.h"
+#include "framework/QenDialogIds.h"
 #include "module/CQenEntryRun.h"
 #include "obj/QenObjHatch.h"
 #include "obj/QenObjLayer.h"
@@ -16,11 +17,13 @@
 #include "obj/ZelObjGen.h"
 #include "obj/ZelObjInit.h"
 #include "obj/ZelObjTxt.h"
+#include "ui/CButton.h"
 #include "ui/CMenu.h"
 #include "ui/CZelDlg.h"
 #include "data/ZelMessages.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -133,6 +136,24 @@ int CSheetTabTools::previewContextMenu(CPoint point, const CRect& previewRect, C
     gdx->refresh(nullptr, client.Width(), client.Height(), picture->view());
   }
   return static_cast<int>(command);
+}
+
+int CSheetTabTools::previewContextMenu(CPoint point, CWnd* owner, CZelDplistImage* picture, CZelGDX* gdx) {
+  if (!picture) return -1;
+  CRect rect;
+  picture->GetWindowRect(&rect);
+  return previewContextMenu(point, rect, owner, picture, gdx);
+}
+
+void CSheetTabTools::setButtonIcons(CDialog& dialog) {
+  static constexpr std::pair<int, UINT> kIcons[] = {{qen::IDC_ASSIGN_LAYER, qen::IDI_ASSIGN_LAYER},
+                                                    {qen::IDC_ASSIGN_HATCH, qen::IDI_ASSIGN_HATCH},
+                                                    {qen::IDC_ASSIGN_LABEL, qen::IDI_ASSIGN_LABEL},
+                                                    {qen::IDC_FAV_SAVE, qen::IDI_FAV_SAVE},
+                                                    {qen::IDC_FAV_RESTORE, qen::IDI_FAV_RESTORE}};
+  for (const auto& [id, icon] : kIcons)
+    if (dialog.GetDlgItem(id))
+      dialog.button(id).SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(iconHandle(icon)));
 }
 
 bool CSheetTabTools::layerAssignment(ZEL::CDtaFilePointer* section, const qenDlgEnv_st& record) {

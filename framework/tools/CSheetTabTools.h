@@ -40,6 +40,11 @@ public:
   // The preview's context menu at a screen point: "Zoom alles" and "Zwischenablage". -1
   // when the point lies outside the preview's screen rectangle.
   int previewContextMenu(CPoint point, const CRect& previewRect, CWnd* owner, CZelDplistImage* picture, CZelGDX* gdx);
+  // The same over the picture's own screen rectangle (a right click anywhere in the dialog).
+  int previewContextMenu(CPoint point, CWnd* owner, CZelDplistImage* picture, CZelGDX* gdx);
+
+  // The icons of the shared buttons L, S, B, + and -, on those the dialog has.
+  static void setButtonIcons(CDialog& dialog);
 
   // The assignment dialogs on the object of the section; true when the user chose OK.
   bool layerAssignment(ZEL::CDtaFilePointer* section, const qenDlgEnv_st& record);
