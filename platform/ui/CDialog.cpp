@@ -170,6 +170,8 @@ BOOL CDialog::IsDialogMessage(MSG* msg) {
       return TRUE;
     }
     case VK_ESCAPE: {
+      // A page has no Cancel of its own: Escape goes on to the dialog that holds it.
+      if (GetStyle() & WS_CHILD) return FALSE;
       CWnd* button = GetDlgItem(static_cast<int>(IDCANCEL));
       if (button && !button->IsWindowEnabled()) return TRUE;
       SendMessage(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(IDCANCEL), BN_CLICKED), reinterpret_cast<LPARAM>(button));
