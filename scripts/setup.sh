@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only those missing (run as root): the
 # compiler and libraries, wxWidgets for the windows, and what the window tests and the
-# screenshot script use (a virtual display, synthetic input, screenshots).
+# screenshot script use (a virtual display, synthetic input, screenshots), and clang with
+# its fuzzer runtime for the readers' fuzz targets.
 set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config libgtest-dev libgmock-dev libbenchmark-dev
           nlohmann-json3-dev libsqlite3-dev
-          libwxgtk3.2-dev xvfb xauth xdotool imagemagick fonts-dejavu-core)
+          libwxgtk3.2-dev xvfb xauth xdotool imagemagick fonts-dejavu-core
+          clang libclang-rt-14-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
