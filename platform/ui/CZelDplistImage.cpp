@@ -1,6 +1,7 @@
 #include "ui/CZelDplistImage.h"
 
 #include <cwchar>
+#include <iterator>
 
 namespace {
 
@@ -18,11 +19,15 @@ CZelString box(const CDisplayExtents& e) {
 // What a script reads of the picture: how many elements of each kind, where the drawing
 // lies and which part of it is shown.
 CZelString describe(const CDisplayList& list) {
-  int counts[5] = {};
+  // One name for each kind of item, in the order of CDisplayList::Kind; a hatch drawn with a
+  // pattern is one item of many dash segments.
+  static const wchar_t* const names[] = {L"lines", L"arcs", L"polylines", L"fills", L"hatches", L"hatch segment sets"};
+  constexpr int kKinds = static_cast<int>(std::size(names));
+  static_assert(static_cast<int>(CDisplayList::Kind::Segments) == kKinds - 1, "every kind of item has its name");
+  int counts[kKinds] = {};
   for (const CDisplayList::Item& item : list.items()) ++counts[static_cast<int>(item.kind)];
-  static const wchar_t* const names[5] = {L"lines", L"arcs", L"polylines", L"fills", L"hatches"};
   CZelString text;
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < kKinds; ++i) {
     if (!counts[i]) continue;
     if (!text.isEmpty()) text += L", ";
     text += CZelString(std::to_wstring(counts[i])) + L" " + names[i];
