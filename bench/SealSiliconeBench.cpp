@@ -5,6 +5,7 @@
 
 #include "backend/CScriptBackend.h"
 #include "data/CConfig.h"
+#include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
 
 #include <benchmark/benchmark.h>
@@ -42,10 +43,14 @@ void openAndClose(benchmark::State& state) {
 // `entries` widths typed into the width field one after the other, each a change; the time
 // per entry is the run's time divided by their number (the one opening and closing is left in).
 template <int (*Entry)(qenDlgEnv_st&)>
-void widthEntries(benchmark::State& state, const char* before) {
+void widthEntries(benchmark::State& state, const wchar_t* menuKey) {
   ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
+  // The width is given in the dialog, not determined on screen.
+  CZelDataKey key;
+  key.set(5005, L"QEN_MENU", 5005, menuKey, 0);
+  ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbLong(1)), true);
   constexpr int kEntries = 500;
-  std::string text = before;
+  std::string text;
   for (int i = 0; i < kEntries; ++i) text += i % 2 ? "enter 0/10389 \"12\"\n" : "enter 0/10389 \"13.5\"\n";
   text += "ok\n";
   const CDialogScript script = parsed(text);
@@ -66,14 +71,13 @@ void widthEntries(benchmark::State& state, const char* before) {
 
 void BM_SealOpenWithPreviewAndClose(benchmark::State& state) { openAndClose<seal>(state); }
 void BM_SiliconeOpenWithPreviewAndClose(benchmark::State& state) { openAndClose<silicone>(state); }
-void BM_SealWidthEntry(benchmark::State& state) { widthEntries<seal>(state, ""); }
-// The factory joint leaves its width to the drawing: the field is opened first.
-void BM_SiliconeWidthEntry(benchmark::State& state) { widthEntries<silicone>(state, "click 0/10400\n"); }
+void BM_SealWidthEntry(benchmark::State& state) { widthEntries<seal>(state, L"DICHT"); }
+void BM_SiliconeWidthEntry(benchmark::State& state) { widthEntries<silicone>(state, L"SILIKON"); }
 
-BENCHMARK(BM_SealOpenWithPreviewAndClose)->Unit(benchmark::kMicrosecond)->Repetitions(9)->ReportAggregatesOnly(true);
-BENCHMARK(BM_SiliconeOpenWithPreviewAndClose)->Unit(benchmark::kMicrosecond)->Repetitions(9)->ReportAggregatesOnly(true);
-BENCHMARK(BM_SealWidthEntry)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_SiliconeWidthEntry)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SealOpenWithPreviewAndClose)->Unit(benchmark::kMicrosecond)->UseRealTime()->Repetitions(9)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SiliconeOpenWithPreviewAndClose)->Unit(benchmark::kMicrosecond)->UseRealTime()->Repetitions(9)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SealWidthEntry)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_SiliconeWidthEntry)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly(true);
 
 }  // namespace
 
