@@ -97,7 +97,9 @@ void CAccessorySizeTab::refresh() {
   storeArticle(article);
   SetDlgItemText(IDC_ARTICLE_TEXT, article.c_str());
 
-  SetDlgItemText(IDC_MATERIAL_TEXT, m_matMgr.matLabel(material, L"-1").c_str());
+  // A material the catalogue does not know is shown by its name.
+  const CZelString label = m_matMgr.matLabel(material, L"-1");
+  SetDlgItemText(IDC_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
   CZelDataKey treeKey;
   treeKey.set(5005, L"*MAT_TREE_PARM*", 5005, L"MAT", 0);
   ZEL::cfg_set(treeKey, ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);

@@ -132,7 +132,9 @@ void CSiliconDlg::refresh() {
     m_angle.EnableWindow(FALSE);
   }
 
-  SetDlgItemText(IDC_SILICONE_MATERIAL_TEXT, m_matMgr.matLabel(material, m_env.country.c_str()).c_str());
+  // A material the catalogue does not know is shown by its name.
+  const CZelString label = m_matMgr.matLabel(material, m_env.country.c_str());
+  SetDlgItemText(IDC_SILICONE_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
   SetDlgItemText(IDC_SILICONE_ARTICLE_TEXT, article.c_str());
 
   if (!m_env.object.isNull()) {
