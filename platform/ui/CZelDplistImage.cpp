@@ -2,6 +2,7 @@
 
 #include <cwchar>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -19,15 +20,19 @@ CZelString box(const CDisplayExtents& e) {
 // What a script reads of the picture: how many elements of each kind, where the drawing
 // lies and which part of it is shown.
 CZelString describe(const CDisplayList& list) {
-  // One name for each kind of item, in the order of CDisplayList::Kind; a hatch drawn with a
-  // pattern is one item of many dash segments.
-  static const wchar_t* const names[] = {L"lines", L"arcs", L"polylines", L"fills", L"hatches", L"hatch segment sets"};
-  constexpr int kKinds = static_cast<int>(std::size(names));
-  static_assert(static_cast<int>(CDisplayList::Kind::Segments) == kKinds - 1, "every kind of item has its name");
-  int counts[kKinds] = {};
-  for (const CDisplayList::Item& item : list.items()) ++counts[static_cast<int>(item.kind)];
+  using Kind = CDisplayList::Kind;
+  static constexpr std::pair<Kind, const wchar_t*> kNames[] = {{Kind::Line, L"lines"},   {Kind::Arc, L"arcs"},
+                                                               {Kind::Polyline, L"polylines"}, {Kind::Fill, L"fills"},
+                                                               {Kind::Hatch, L"hatches"},  {Kind::Segments, L"hatches"}};
+  constexpr int kCount = static_cast<int>(std::size(kNames));
+  int counts[kCount] = {};
+  const wchar_t* names[kCount] = {};
+  for (const CDisplayList::Item& item : list.items())
+    for (int i = 0; i < kCount; ++i)
+      if (kNames[i].first == item.kind) ++counts[i];
+  for (int i = 0; i < kCount; ++i) names[i] = kNames[i].second;
   CZelString text;
-  for (int i = 0; i < kKinds; ++i) {
+  for (int i = 0; i < kCount; ++i) {
     if (!counts[i]) continue;
     if (!text.isEmpty()) text += L", ";
     text += CZelString(std::to_wstring(counts[i])) + L" " + names[i];

@@ -45,7 +45,7 @@ TEST(CZelDplistImageDescription, HatchSegmentsAreCountedBesideTheOutline) {
   gdx.displayList().addSegments(dashes, CZelColor::fromIndex(3));
   CZelDplistImage picture;
   picture.set_dpList(gdx);
-  EXPECT_EQ(picture.picture(), CZelString(L"1 polylines, 2 hatch segment sets; drawing 0,0 to 4,2; view 0,0 to 4,2"));
+  EXPECT_EQ(picture.picture(), CZelString(L"1 polylines, 2 hatches; drawing 0,0 to 4,2; view 0,0 to 4,2"));
 }
 
 }  // namespace
