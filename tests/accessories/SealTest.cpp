@@ -16,6 +16,14 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
 namespace {
 
 // The real seal dialog, which marks every section of its set as it opens: afterwards the
@@ -118,6 +126,32 @@ TEST_F(SealTest, TheOutlineAloneHasNoHatch) {
   const CDisplayList& picture = copyPreview("click 10333\n");
   ASSERT_FALSE(picture.items().empty());
   for (const auto& item : picture.items()) EXPECT_EQ(item.kind, CDisplayList::Kind::Polyline);
+}
+
+// The favourite is kept by the host beside the drawing: qen-host runs the dialog on a
+// copy of the drawing in a folder of the test's own.
+TEST_F(SealTest, TheFavouriteBringsBackWhatWasSaved) {
+  namespace fs = std::filesystem;
+  const fs::path dir = fs::temp_directory_path() / ("qen-seal-fav-" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  fs::copy_file(QEN_SOURCE_DIR "/tests/scripts/drawings/seals.json", dir / "seals.json", fs::copy_options::overwrite_existing);
+  {
+    std::ofstream script(dir / "t.qds");
+    script << "enter 0/10389 \"45\"\nclick 10333\nclick 10295\ntab 1\nclick 1/10430\nexpect 10317 checked\n"
+              "expect-store *HZ_DICHT*\\B 10.0\nclick 10297\nexpect-store *HZ_DICHT*\\B 45.0\nexpect 10333 checked\n"
+              "expect 10334 disabled\ntab 0\nexpect 0/10389 text \"45 mm\"\nok\n";
+  }
+  const std::string host = QEN_HOST_EXE, d = dir.string();
+  ASSERT_EQ(std::system((host + " init --store " + d + "/store.json > /dev/null").c_str()), 0);
+  const int status = std::system((host + " run DICHT --store " + d + "/store.json --drawing " + d + "/seals.json --script " + d +
+                                  "/t.qds > " + d + "/out.txt 2>&1")
+                                     .c_str());
+  std::ifstream out(dir / "out.txt");
+  const std::string text((std::istreambuf_iterator<char>(out)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(status, 0) << text;
+  EXPECT_NE(text.find("end code: 1"), std::string::npos) << text;
+  EXPECT_TRUE(fs::exists(dir / "favourites" / "DICHT.json"));
+  fs::remove_all(dir);
 }
 
 TEST_F(SealTest, OkWritesNoSectionBackAndRemovesMode) {
