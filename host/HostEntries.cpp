@@ -10,8 +10,12 @@ const std::vector<HostEntry>& hostEntries() {
   static const std::vector<HostEntry> entries = {
     {"qenDlgHzKl", "KLOTZ", "setting blocks", [](HostCall& c) { return callAccessory(c, L"KLOTZ", qenDlgHzKl); },
      [](HostCall& c) { prepareAccessory(c, L"KLOTZ"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"KLOTZ"); }},
-    {"qenDlgHzDi", "DICHT", "seals", [](HostCall& c) { return qenDlgHzDi(c.record); }},
-    {"qenDlgHzSi", "SILIKON", "silicone joints", [](HostCall& c) { return qenDlgHzSi(c.record); }},
+    {"qenDlgHzDi", "DICHT", "seals", [](HostCall& c) { return callAccessory(c, L"DICHT", qenDlgHzDi); },
+     [](HostCall& c) { prepareAccessory(c, L"DICHT"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"DICHT"); }},
+    // The silicone entry takes its record by value.
+    {"qenDlgHzSi", "SILIKON", "silicone joints",
+     [](HostCall& c) { return callAccessory(c, L"SILIKON", [](qenDlgEnv_st& r) { return qenDlgHzSi(r); }); },
+     [](HostCall& c) { prepareAccessory(c, L"SILIKON"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"SILIKON"); }},
     {"qenDlgHzFo", "FOLIE", "membranes", [](HostCall& c) { return callAccessory(c, L"FOLIE", qenDlgHzFo); },
      [](HostCall& c) { prepareAccessory(c, L"FOLIE"); }, [](HostCall& c, int code) { finishAccessory(c, code, L"FOLIE"); }},
     // "Dicke <", "Startdicke <", "Enddicke <" (2, 3, 4) take a picked length; "Basislinie <" (5)

@@ -1,6 +1,14 @@
 #include "framework/tools/CQenAccessoryPage.h"
 
+#include "data/ZelDataAccess.h"
 #include "framework/QenDialogIds.h"
+#include "obj/ZelObjGen.h"
+#include "obj/ZelObjKey.h"
+#include "obj/ZelObjOrder.h"
+#include "qen_mfc.h"
+#include "ui/DlgEnvMatTree_st.h"
+#include "ui/ZelHelp.h"
+#include "ui/ZelMatTree.h"
 
 const CMessageMapEntry CQenAccessoryPage::kEntries[] = {
     msgmap::message<&CQenAccessoryPage::OnRefreshPage>(qen::WM_QEN_REFRESH_PAGE),
@@ -19,4 +27,40 @@ void CQenAccessoryPage::notifyMain() {
 LRESULT CQenAccessoryPage::OnRefreshPage(WPARAM, LPARAM) {
   refresh();
   return 0;
+}
+
+bool CQenAccessoryPage::chooseMaterial() {
+  CZelDataItem* item = sectionItem();
+  CZelString current;
+  CZelDataKey matKey(L"MAT");
+  if (item) item->get(current, &matKey);
+  ZEL::DlgEnvMatTree_st request;
+  request.filter.add(L"SYSTEM");
+  request.all = true;
+  request.country = m_env.country;
+  ZEL::help_find(L"QEN", request.helpFile);
+  request.helpTopic = L"qen_mat_select";
+  request.m_parent = this;
+  request.hwndParent = GetSafeHwnd();
+  CZelString chosen = current;
+  if (ZEL::dlgMatTree(request, chosen) != 1 || chosen == current || !item) return false;
+  const CZelString before = ZEL::objKey(item, 3);
+  ZEL::dataItemSet(item, &matKey, chosen);
+  ZEL::objGen(item, ZEL::kObjGenTexts);
+  const CZelString after = ZEL::objKey(item, 3);
+  if (!before.isEmpty() && !after.isEmpty() && before != after) objGen_objProp_Sync(m_env.objectType);
+  return true;
+}
+
+bool CQenAccessoryPage::chooseArticle(CZelString& article) {
+  ZEL::DlgEnv_st env;
+  env.m_parent = this;
+  env.hwndParent = GetSafeHwnd();
+  env.country = m_env.country;
+  env.format = m_env.format;
+  CZelDataItem* item = sectionItem();
+  if (qenItemDlgMenu(env, item) != 1) return false;
+  article = CZelString();
+  ZEL::obj_order_get(ZEL::objKey(item, 4), article);
+  return true;
 }

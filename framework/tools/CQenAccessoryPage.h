@@ -34,6 +34,13 @@ protected:
   CWnd* mainDialog() const;
   // Asks the main dialog to refresh itself and its preview.
   void notifyMain();
+  // "Material...": the material tree on the section's "MAT". A different material is
+  // written, the object regenerated and, when its property key changed, the type's
+  // properties synchronised. True when the material changed.
+  bool chooseMaterial();
+  // "Artikel...": the item dialog on the section; on OK `article` is the order number of
+  // the object key (empty when it has none). True on OK.
+  bool chooseArticle(CZelString& article);
 
   qenDlgEnv_st m_env;
   QenSectionSet m_sections;

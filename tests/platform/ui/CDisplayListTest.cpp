@@ -24,3 +24,28 @@ TEST(CDisplayListExtents, ArcsAndBulgesCountWithTheirFullExtent) {
 }
 
 }  // namespace
+
+// What a script reads of a preview: every kind of item is counted under its own name.
+#include "ui/CZelDplistImage.h"
+#include "ui/CZelGDX.h"
+
+namespace {
+
+TEST(CZelDplistImageDescription, HatchSegmentsAreCountedBesideTheOutline) {
+  CZelGDX gdx;
+  CZelVertexArray outline;
+  outline.add(0, 0);
+  outline.add(4, 0);
+  outline.add(4, 2);
+  gdx.displayList().addPolyline(outline, true, CZelColor::fromIndex(5));
+  CZelVertexArray dashes;
+  dashes.add(1, 0);
+  dashes.add(2, 1);
+  gdx.displayList().addSegments(dashes, CZelColor::fromIndex(3));
+  gdx.displayList().addSegments(dashes, CZelColor::fromIndex(3));
+  CZelDplistImage picture;
+  picture.set_dpList(gdx);
+  EXPECT_EQ(picture.picture(), CZelString(L"1 polylines, 2 hatches; drawing 0,0 to 4,2; view 0,0 to 4,2"));
+}
+
+}  // namespace

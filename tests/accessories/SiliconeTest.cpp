@@ -1,0 +1,227 @@
+// The silicone dialog through its entry function: the preview of each construction, variant,
+// hatch, width and angle, read back by coordinates and colours from the clipboard copy of the
+// preview's context menu; an edited joint; and what the entry writes back.
+#include "qen_mfc.h"
+
+#include "accessories/CSilicon.h"
+#include "backend/CDialogBackend.h"
+#include "data/CConfig.h"
+#include "data/CStoreFile.h"
+#include "data/CZelDrawing.h"
+#include "data/ZelDataAccess.h"
+#include "data/ZelFactorySettings.h"
+#include "module/CQenDialogFactory.h"
+#include "store/QenStoreAccess.h"
+#include "tests/support/DialogRun.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+// The real silicone dialog, which marks every section of its set as it opens: afterwards
+// the marks show which sections the entry wrote back.
+class MarkingSilicon : public CSilicon {
+public:
+  BOOL OnInitDialog() override {
+    for (auto& [name, pointer] : m_sections) {
+      CZelDataKey mark(L"MARKED");
+      if (pointer) QEN::sectionSet(pointer.get(), &mark, 1);
+    }
+    return CSilicon::OnInitDialog();
+  }
+};
+
+using Kind = CDisplayList::Kind;
+
+class SiliconeTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
+    ASSERT_TRUE(CZelDrawing::current().load(QEN_SOURCE_DIR "/tests/scripts/drawings/seals.json")) << ZEL::lastFileError();
+  }
+  void TearDown() override {
+    CZelDrawing::current().reset();
+    if (m_saved) CQenDialogFactory::install(QenEntry::Silicone, m_saved);
+  }
+
+  static DialogRun runSilicone(const std::string& script) {
+    qenDlgEnv_st env;
+    return runUnderScript(script, [&] { return static_cast<INT_PTR>(qenDlgHzSi(env)); });
+  }
+  static const CDisplayList& copyPreview(const std::string& before) {
+    const int copies = CDialogBackend::lastClipboardCopy().count;
+    DialogRun r = runSilicone(before + "menu 10379 5 5\nchoose 10114\nok\n");
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(CDialogBackend::lastClipboardCopy().count, copies + 1);
+    return CDialogBackend::lastClipboardCopy().picture;
+  }
+  static std::vector<const CDisplayList::Item*> itemsOf(const CDisplayList& list, Kind kind) {
+    std::vector<const CDisplayList::Item*> found;
+    for (const auto& item : list.items())
+      if (item.kind == kind) found.push_back(&item);
+    return found;
+  }
+  static void expectPoint(const ZelVertex& v, double x, double y, const char* what) {
+    EXPECT_NEAR(v.x, x, 1e-9) << what;
+    EXPECT_NEAR(v.y, y, 1e-9) << what;
+  }
+  static bool marked(const wchar_t* section) { return ZEL::cfg_get(CZelString(section) + L"\\MARKED") != nullptr; }
+  static bool hasMode() { return ZEL::cfg_get(L"*HZ_SILIKON*\\MODE") != nullptr; }
+  void useMarkingSilicon() {
+    m_saved = CQenDialogFactory::install(QenEntry::Silicone, [](CWnd*) { return std::unique_ptr<CQenEntryDialog>(new MarkingSilicon); });
+  }
+
+  CQenDialogFactory::Maker m_saved;
+};
+
+}  // namespace
+
+TEST_F(SiliconeTest, TheFactoryJointIsSiliconeOverACordBothHatchedInTheLayerColours) {
+  const CDisplayList& picture = copyPreview("");
+  const auto paths = itemsOf(picture, Kind::Polyline);
+  ASSERT_EQ(paths.size(), 2u);
+  // The silicone between the flanks of the 12 mm gap: the concave face, down the right
+  // flank to the cord's centre depth 10, round the cord, up the left flank.
+  const CZelVertexArray& silicone = paths[0]->points;
+  ASSERT_EQ(silicone.count(), 4);
+  expectPoint(silicone[0], 0, 0, "face start");
+  EXPECT_NEAR(silicone[0].bulge, -0.25, 1e-12);  // sagging 1.5 into the joint
+  expectPoint(silicone[1], 12, 0, "face end");
+  expectPoint(silicone[2], 12, 10, "right flank");
+  EXPECT_DOUBLE_EQ(silicone[2].bulge, -1.0);
+  expectPoint(silicone[3], 0, 10, "left flank");
+  // The cord: a circle of 12 mm round (6, 10).
+  const CZelVertexArray& cord = paths[1]->points;
+  ASSERT_EQ(cord.count(), 2);
+  expectPoint(cord[0], 0, 10, "cord left");
+  expectPoint(cord[1], 12, 10, "cord right");
+  for (const auto* path : paths) EXPECT_EQ(path->color.index(), 5);
+  const auto hatches = itemsOf(picture, Kind::Segments);
+  ASSERT_EQ(hatches.size(), 2u);
+  for (const auto* hatch : hatches) EXPECT_EQ(hatch->color.index(), 3);
+  EXPECT_NEAR(picture.view.maxY, 16.0, 1e-9);
+}
+
+TEST_F(SiliconeTest, EachHatchBoxDrawsItsOwnHatch) {
+  // Only the cord hatched: one hatch, every dash within the cord.
+  const CDisplayList& cordOnly = copyPreview("click 10398\n");
+  auto hatches = itemsOf(cordOnly, Kind::Segments);
+  ASSERT_EQ(hatches.size(), 1u);
+  ASSERT_GT(hatches[0]->points.count(), 0);
+  for (int i = 0; i < hatches[0]->points.count(); ++i)
+    EXPECT_LE(std::hypot(hatches[0]->points[i].x - 6.0, hatches[0]->points[i].y - 10.0), 6.0 + 1e-6);
+  // Only the silicone hatched: every dash above the cord's centre depth.
+  const CDisplayList& siliconeOnly = copyPreview("click 10398\nclick 10399\n");
+  hatches = itemsOf(siliconeOnly, Kind::Segments);
+  ASSERT_EQ(hatches.size(), 1u);
+  for (int i = 0; i < hatches[0]->points.count(); ++i) EXPECT_LE(hatches[0]->points[i].y, 10.0 + 1e-6);
+  const CDisplayList& none = copyPreview("click 10398\n");
+  EXPECT_TRUE(itemsOf(none, Kind::Segments).empty());
+  EXPECT_EQ(itemsOf(none, Kind::Polyline).size(), 2u);
+}
+
+TEST_F(SiliconeTest, TheVariantsDrawTheirJoints) {
+  // 2: the flat face.
+  const CDisplayList& flat = copyPreview("click 10393\n");
+  auto paths = itemsOf(flat, Kind::Polyline);
+  ASSERT_EQ(paths.size(), 2u);
+  EXPECT_DOUBLE_EQ(paths[0]->points[0].bulge, 0.0);
+  // 3: the fillet in the corner, the cord of 2/5 of the width in the corner.
+  const CDisplayList& fillet = copyPreview("click 10394\n");
+  paths = itemsOf(fillet, Kind::Polyline);
+  ASSERT_EQ(paths.size(), 2u);
+  const CZelVertexArray& silicone = paths[0]->points;
+  ASSERT_EQ(silicone.count(), 4);
+  expectPoint(silicone[0], 2.4, 0, "leg start");
+  expectPoint(silicone[1], 12, 0, "leg end");
+  expectPoint(silicone[2], 0, 12, "face end");
+  expectPoint(silicone[3], 0, 2.4, "round the cord");
+  expectPoint(paths[1]->points[0], 0, 2.4, "cord left");
+  expectPoint(paths[1]->points[1], 4.8, 2.4, "cord right");
+  EXPECT_NEAR(fillet.view.maxY, 12.0, 1e-9);
+}
+
+TEST_F(SiliconeTest, WithoutCordTheJointIsHalfAsDeepAsWideAndTurnsByItsAngle) {
+  const CDisplayList& plain = copyPreview("click 10395\nclick 0/10400\nenter 0/10389 \"20\"\n");
+  auto paths = itemsOf(plain, Kind::Polyline);
+  ASSERT_EQ(paths.size(), 1u);
+  ASSERT_EQ(paths[0]->points.count(), 4);
+  expectPoint(paths[0]->points[1], 20, 0, "face end");
+  expectPoint(paths[0]->points[2], 20, 10, "back");
+  // Turned by 90°: the face runs up the y axis, the joint reaches into -x.
+  const CDisplayList& turned = copyPreview("enter 0/10130 \"90\"\n");
+  paths = itemsOf(turned, Kind::Polyline);
+  ASSERT_EQ(paths.size(), 1u);
+  expectPoint(paths[0]->points[0], 0, 0, "origin");
+  expectPoint(paths[0]->points[1], 0, 20, "face end");
+  expectPoint(paths[0]->points[2], -10, 20, "back");
+  expectPoint(paths[0]->points[3], -10, 0, "back start");
+  EXPECT_EQ(itemsOf(turned, Kind::Segments).size(), 1u);
+  double w = 0.0;
+  ZEL::cfg_get(L"*HZ_SILIKON*\\W")->get(w);
+  EXPECT_DOUBLE_EQ(w, std::acos(-1.0) / 2.0);
+}
+
+TEST_F(SiliconeTest, AnEditedJointKeepsItsOutlineAndAnEditWithoutAJointLocksTheSizes) {
+  ZEL::cfg_set(L"QEN_MENU\\SILIKON", ZEL::mkDataItem(ZEL::mkRbLong(1)), true);
+  ZEL::cfg_set(L"*HZ_SILIKON*\\ORIG", ZEL::mkDataItem(ZEL::mkRbBool(true)), true);
+  DialogRun r = runSilicone("expect 0/10400 disabled\nexpect 0/10389 enabled\nexpect 10395 disabled\ncancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  CZelVertexArray vl;
+  ASSERT_NE(ZEL::cfg_get(L"*HZ_SILIKON*\\VL"), nullptr);
+  ASSERT_TRUE(ZEL::cfg_get(L"*HZ_SILIKON*\\VL")->get(vl));
+  ASSERT_EQ(vl.count(), 4);
+  expectPoint(vl[2], 12, 10, "far half of the cord");
+
+  ZEL::cfg_set(L"*HZ_SILIKON*\\ORIG", ZEL::mkDataItem(ZEL::mkRbBool(false)), true);
+  r = runSilicone("expect 0/10400 disabled\nexpect 0/10389 disabled\nexpect 0/10130 disabled\ncancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+}
+
+TEST_F(SiliconeTest, TheMaterialTreeOffersEveryMaterialOfTheSystem) {
+  ZEL::cfg_set(L"*MAT_TREE_PARM*\\FULL", ZEL::mkDataItem(ZEL::mkRbLong(1)), true);
+  DialogRun r = runSilicone("cancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  CZelArrayTempl<CZelString> filter;
+  ASSERT_NE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FILTER"), nullptr);
+  ASSERT_TRUE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FILTER")->get(filter));
+  ASSERT_EQ(filter.count(), 1);
+  EXPECT_EQ(filter[0], CZelString(L"SYSTEM"));
+  EXPECT_EQ(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FULL"), nullptr);
+  int all = 0;
+  ASSERT_NE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\ALL"), nullptr);
+  ZEL::cfg_get(L"*MAT_TREE_PARM*\\ALL")->get(all);
+  EXPECT_EQ(all, 1);
+  // The last material is kept for the tree.
+  CZelString material;
+  ZEL::cfg_get(L"*MAT_TREE_PARM*\\MAT")->get(material);
+  EXPECT_EQ(material, CZelString(L"SILIKON"));
+}
+
+TEST_F(SiliconeTest, OkWritesBackTheCompositeSectionAndNothingElse) {
+  useMarkingSilicon();
+  DialogRun r = runSilicone("click 10393\nok\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.result, 1);
+  EXPECT_TRUE(marked(L"*QEN_ALUCOBOND*"));
+  for (const wchar_t* s : {L"_COUNTRY", L"_COUNTRY1", L"*ZEL_MAT*"}) EXPECT_FALSE(marked(s)) << CZelString(s).toUtf8();
+  // The stored sections took the dialog's writes as they came.
+  for (const wchar_t* s : {L"*QEN_OBJ_ORDER*", L"*QEN_OBJ_PROP*", L"*ZEL_DL_LAYDET*", L"*ZEL_LAYER*", L"*HZ_SILIKON*", L"QEN_MENU"})
+    EXPECT_TRUE(marked(s)) << CZelString(s).toUtf8();
+  EXPECT_FALSE(hasMode());
+}
+
+TEST_F(SiliconeTest, CancelWritesNothingBackAndThePickCodeKeepsMode) {
+  useMarkingSilicon();
+  DialogRun r = runSilicone("tab 1\ncancel\n");
+  EXPECT_EQ(r.result, 0);
+  EXPECT_FALSE(marked(L"*QEN_ALUCOBOND*"));
+  EXPECT_FALSE(hasMode());
+  r = runSilicone("tab 1\nclick 1/10426\n");
+  EXPECT_EQ(r.result, 103);
+  EXPECT_FALSE(marked(L"*QEN_ALUCOBOND*"));
+  EXPECT_TRUE(hasMode());
+}
