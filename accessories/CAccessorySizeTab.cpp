@@ -68,17 +68,6 @@ double CAccessorySizeTab::real(const wchar_t* key, double fallback) const {
   return value;
 }
 
-void CAccessorySizeTab::storeArticle(const CZelString& article) {
-  CZelDataKey order(L"ORDER");
-  if (article.isEmpty()) {
-    ZEL::cfg_remove(sectionKey(L"ORDER"));
-    if (m_pageItem) ZEL::dataItemSet(m_pageItem, &order, CZelString());
-  } else {
-    ZEL::dataItemSet(sectionItem(), &order, article);
-    if (m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
-  }
-}
-
 void CAccessorySizeTab::refresh() {
   if (m_busy || !GetSafeHwnd()) return;
   m_busy = true;

@@ -73,8 +73,6 @@ private:
   void onSize(CZelEdit& edit, const wchar_t* key);
   void onMaterial();
   void onArticle();
-  // Stores the article of the object key, or removes it when there is none.
-  void storeArticle(const CZelString& article);
 
   CZelMatMgr m_matMgr;
 };

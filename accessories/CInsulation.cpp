@@ -7,7 +7,6 @@
 #include "obj/ZelObjOrder.h"
 #include "qen_mfc.h"
 #include "resources/dialogs/insulation_ids.h"
-#include "ui/DlgEnvMatTree_st.h"
 #include "ui/ZelHelp.h"
 #include "ui/ZelMatTree.h"
 
@@ -119,13 +118,6 @@ bool CInsulation::hasOrigValue() const {
   int integer = 0;
   CZelString text;
   return item->get(real) || item->get(integer) || item->get(text) || item->getEname(text);
-}
-
-void CInsulation::storeArticle(const CZelString& article) {
-  CZelDataKey order(L"ORDER");
-  if (article.isEmpty()) ZEL::cfg_remove(key2(kSection, L"ORDER"));
-  else ZEL::dataItemSet(sectionItem(), &order, article);
-  if (m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
 }
 
 void CInsulation::refresh() {
@@ -265,40 +257,14 @@ void CInsulation::pick(int code) {
 }
 
 void CInsulation::onMaterial() {
-  CZelDataItem* item = sectionItem();
-  CZelString current;
-  CZelDataKey matKey(L"MAT");
-  if (item) item->get(current, &matKey);
-  ZEL::DlgEnvMatTree_st request;
-  request.filter.add(L"SYSTEM");
-  request.all = true;
-  request.country = m_env.country;
-  ZEL::help_find(L"QEN", request.helpFile);
-  request.helpTopic = L"qen_mat_select";
-  request.m_parent = this;
-  request.hwndParent = GetSafeHwnd();
-  CZelString chosen = current;
-  if (ZEL::dlgMatTree(request, chosen) == 1 && chosen != current && item) {
-    const CZelString before = ZEL::objKey(item, 3);
-    ZEL::dataItemSet(item, &matKey, chosen);
-    ZEL::objGen(item, ZEL::kObjGenTexts);
-    const CZelString after = ZEL::objKey(item, 3);
-    if (!before.isEmpty() && !after.isEmpty() && before != after) objGen_objProp_Sync(L"DM");
-  }
+  chooseMaterial();
   refresh();
   notifyMain();
 }
 
 void CInsulation::onArticle() {
-  ZEL::DlgEnv_st env;
-  env.m_parent = this;
-  env.hwndParent = GetSafeHwnd();
-  env.country = m_env.country;
-  env.format = m_env.format;
-  CZelDataItem* item = sectionItem();
-  if (qenItemDlgMenu(env, item) != 1) return;
   CZelString article;
-  ZEL::obj_order_get(ZEL::objKey(item, 4), article);
+  if (!chooseArticle(article)) return;
   SetDlgItemText(IDC_INSUL_ARTICLE_TEXT, article.c_str());
   storeArticle(article);
   refresh();

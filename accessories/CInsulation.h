@@ -39,8 +39,6 @@ private:
   void onMaterial();
   void onArticle();
   void pick(int code);
-  // Stores the article of the object key, or removes it when there is none.
-  void storeArticle(const CZelString& article);
   double real(const wchar_t* key) const;
   CZelString text(const wchar_t* key) const;
   void setReal(const wchar_t* key, double value);

@@ -26,8 +26,6 @@ private:
   void onLength(CZelEdit& edit, const wchar_t* key);
   void onMaterial();
   void onArticle();
-  // Stores the article of the object key, or removes it when there is none.
-  void storeArticle(const CZelString& article);
   double real(const wchar_t* key) const;
 
   CZelMatMgr m_matMgr;

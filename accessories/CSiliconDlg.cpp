@@ -79,12 +79,6 @@ BOOL CSiliconDlg::OnInitDialog() {
   return TRUE;
 }
 
-void CSiliconDlg::storeArticle(const CZelString& article) {
-  CZelDataKey order(L"ORDER");
-  if (article.isEmpty()) ZEL::cfg_remove(key2(kSection, L"ORDER"));
-  else ZEL::dataItemSet(sectionItem(), &order, article);
-}
-
 void CSiliconDlg::refresh() {
   if (m_busy || !GetSafeHwnd()) return;
   m_busy = true;
@@ -102,7 +96,7 @@ void CSiliconDlg::refresh() {
 
   CZelString article;
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);
-  storeArticle(article);
+  storeArticle(article, ArticleTo::SectionOnly);
 
   const bool given = ZEL::cfg_get(key2(L"QEN_MENU", L"SILIKON")) != nullptr;
   CheckDlgButton(IDC_SILICONE_SCREEN, given ? BST_UNCHECKED : BST_CHECKED);
@@ -206,6 +200,6 @@ void CSiliconDlg::onArticle() {
   SetDlgItemText(IDC_SILICONE_ARTICLE_TEXT, article.c_str());
   CZelDataKey order(L"ORDER");
   if (m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
-  storeArticle(article);
+  storeArticle(article, ArticleTo::SectionOnly);
   changed();
 }

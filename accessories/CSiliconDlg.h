@@ -28,8 +28,6 @@ private:
   void onAngle();
   void onMaterial();
   void onArticle();
-  // Stores the article of the object key, or removes it when there is none.
-  void storeArticle(const CZelString& article);
   void changed();
 
   CSheetTabTools m_tools;

@@ -1,5 +1,6 @@
 #include "framework/tools/CQenAccessoryPage.h"
 
+#include "data/CConfig.h"
 #include "data/ZelDataAccess.h"
 #include "framework/QenDialogIds.h"
 #include "obj/ZelObjGen.h"
@@ -63,4 +64,16 @@ bool CQenAccessoryPage::chooseArticle(CZelString& article) {
   article = CZelString();
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);
   return true;
+}
+
+void CQenAccessoryPage::storeArticle(const CZelString& article, ArticleTo to) {
+  CZelDataKey order(L"ORDER");
+  if (article.isEmpty()) {
+    CZelDataKey stored;
+    stored.set(5005, m_env.sectionName.c_str(), 5005, L"ORDER", 0);
+    ZEL::cfg_remove(stored);
+  } else {
+    ZEL::dataItemSet(sectionItem(), &order, article);
+  }
+  if (to == ArticleTo::SectionAndPageItem && m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
 }

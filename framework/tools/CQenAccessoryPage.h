@@ -41,6 +41,10 @@ protected:
   // "Artikel...": the item dialog on the section; on OK `article` is the order number of
   // the object key (empty when it has none). True on OK.
   bool chooseArticle(CZelString& article);
+  // The article of the object: stored under the section's "ORDER" (an empty one removes the
+  // key) and, unless told otherwise, under the page item's "ORDER".
+  enum class ArticleTo { SectionAndPageItem, SectionOnly };
+  void storeArticle(const CZelString& article, ArticleTo to = ArticleTo::SectionAndPageItem);
 
   qenDlgEnv_st m_env;
   QenSectionSet m_sections;
