@@ -40,22 +40,11 @@ CZelDataKey CAccessorySizeTab::sectionKey(const wchar_t* name) const {
 
 BOOL CAccessorySizeTab::OnInitDialog() {
   CQenAccessoryPage::OnInitDialog();
-  SetHelpTopic(m_frame.helpTopic);
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
-
-  int stored = 0;
-  CZelDataItem* unitItem = ZEL::cfg_get(sectionKey(L"INSUNIT"));
-  const Zel::lUnit unit = unitItem && unitItem->get(stored) ? static_cast<Zel::lUnit>(stored) : m_env.unit;
-  for (CZelEdit* edit : {&m_width, &m_height}) {
-    edit->SubclassDlgItem(edit == &m_width ? IDC_WIDTH : IDC_HEIGHT, this);
-    edit->setCountry(country());
-    edit->setFormat(m_env.format);
-    edit->setLUnits(unit, -1);
-    // Widths and heights are lengths above zero.
-    edit->setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
-  }
+  setHelp(m_frame.helpTopic);
+  const Zel::lUnit unit = lengthUnit();
+  // Widths and heights are lengths above zero.
+  setUpField(m_width, IDC_WIDTH, 2, 71, unit);
+  setUpField(m_height, IDC_HEIGHT, 2, 71, unit);
   setUpFields(unit);
   m_busy = false;
   refresh();

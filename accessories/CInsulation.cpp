@@ -58,26 +58,11 @@ void CInsulation::addLangRsc() {
 BOOL CInsulation::OnInitDialog() {
   m_busy = true;
   CQenAccessoryPage::OnInitDialog();
-  SetHelpTopic(L"qen_dmto");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
-
-  int stored = 0;
-  CZelDataItem* unitItem = ZEL::cfg_get(key2(kSection, L"INSUNIT"));
-  const bool hasUnit = unitItem && unitItem->get(stored);
-  const Zel::lUnit unit = hasUnit ? static_cast<Zel::lUnit>(stored) : m_env.unit;
+  setHelp(L"qen_dmto");
   const std::pair<CZelEdit*, int> fields[] = {
       {&m_thickness, IDC_INSUL_THICKNESS}, {&m_start, IDC_INSUL_START}, {&m_end, IDC_INSUL_END}};
-  for (const auto& [edit, id] : fields) {
-    edit->SubclassDlgItem(id, this);
-    edit->setCountry(country());
-    edit->setLUnits(unit, -1);
-    edit->setFormat(m_env.format);
-    edit->setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
-    // An empty field and a zero are the dialog's to report, with its own messages.
-    edit->setCheck(CZelEdit::Check::ByDialog);
-  }
+  // An empty field and a zero are the dialog's to report, with its own messages.
+  for (const auto& [edit, id] : fields) setUpField(*edit, id, 2, 71, lengthUnit(), CZelEdit::Check::ByDialog);
   if (insideAnotherDialog(*this, m_env))
     for (int id : {IDC_INSUL_PICK_THICKNESS, IDC_INSUL_PICK_START, IDC_INSUL_PICK_END}) GetDlgItem(id)->EnableWindow(FALSE);
   m_busy = false;

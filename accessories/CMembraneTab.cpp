@@ -51,29 +51,13 @@ void CMembraneTab::addLangRsc() {
 BOOL CMembraneTab::OnInitDialog() {
   m_busy = true;
   CQenAccessoryPage::OnInitDialog();
-  SetHelpTopic(L"qen_foli");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
-
-  int stored = 0;
-  CZelDataItem* unitItem = ZEL::cfg_get(key2(kSection, L"INSUNIT"));
-  const bool hasUnit = unitItem && unitItem->get(stored);
-  const Zel::lUnit unit = hasUnit ? static_cast<Zel::lUnit>(stored) : m_env.unit;
-  const std::pair<CZelEdit*, int> fields[] = {
-      {&m_thickness, IDC_MEMBRANE_THICKNESS}, {&m_radius, IDC_MEMBRANE_RADIUS}, {&m_division, IDC_MEMBRANE_DIVISION}};
-  for (const auto& [edit, id] : fields) {
-    edit->SubclassDlgItem(id, this);
-    edit->setCountry(country());
-    edit->setLUnits(unit, -1);
-    edit->setFormat(m_env.format);
-    // The dialog takes every number it is given, zero and negative ones too: it checks the
-    // values itself, and its rule is to reject none. The field still refuses what is no number.
-    edit->setCheck(CZelEdit::Check::ByDialog);
-  }
-  m_thickness.setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
-  m_division.setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
-  m_radius.setEditFlags(2, 69, 2, -DBL_MAX, DBL_MAX);
+  setHelp(L"qen_foli");
+  // The dialog takes every number it is given, zero and negative ones too: it checks the
+  // values itself, and its rule is to reject none. The field still refuses what is no number.
+  const Zel::lUnit unit = lengthUnit();
+  setUpField(m_thickness, IDC_MEMBRANE_THICKNESS, 2, 71, unit, CZelEdit::Check::ByDialog);
+  setUpField(m_division, IDC_MEMBRANE_DIVISION, 2, 71, unit, CZelEdit::Check::ByDialog);
+  setUpField(m_radius, IDC_MEMBRANE_RADIUS, 2, 69, unit, CZelEdit::Check::ByDialog);
   m_tools.completeObjectTexts(L"FOLIE", m_env);
   m_busy = false;
   refresh();

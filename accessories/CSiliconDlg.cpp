@@ -55,25 +55,11 @@ void CSiliconDlg::addLangRsc() {
 
 BOOL CSiliconDlg::OnInitDialog() {
   CQenAccessoryPage::OnInitDialog();
-  SetHelpTopic(L"qen_silikon");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
-
-  int stored = 0;
-  CZelDataItem* unitItem = ZEL::cfg_get(key2(kSection, L"INSUNIT"));
-  const Zel::lUnit unit = unitItem && unitItem->get(stored) ? static_cast<Zel::lUnit>(stored) : m_env.unit;
-  m_width.SubclassDlgItem(IDC_SILICONE_WIDTH, this);
-  m_width.setCountry(country());
-  m_width.setLUnits(unit, -1);
-  m_width.setFormat(m_env.format);
+  setHelp(L"qen_silikon");
   // A joint is wider than nothing.
-  m_width.setEditFlags(2, 71, 2, -DBL_MAX, DBL_MAX);
-  m_angle.SubclassDlgItem(IDC_SILICONE_ANGLE, this);
-  m_angle.setCountry(country());
-  m_angle.setFormat(2);
+  setUpField(m_width, IDC_SILICONE_WIDTH, 2, 71, lengthUnit());
   // Degrees from 0 up; a turn and more is brought back into one turn when stored.
-  m_angle.setEditFlags(3, 69, 2, -DBL_MAX, DBL_MAX);
+  setUpField(m_angle, IDC_SILICONE_ANGLE, 3, 69, lengthUnit());
   m_busy = false;
   refresh();
   return TRUE;

@@ -11,6 +11,8 @@
 #include "ui/ZelHelp.h"
 #include "ui/ZelMatTree.h"
 
+#include <cfloat>
+
 const CMessageMapEntry CQenAccessoryPage::kEntries[] = {
     msgmap::message<&CQenAccessoryPage::OnRefreshPage>(qen::WM_QEN_REFRESH_PAGE),
 };
@@ -76,4 +78,51 @@ void CQenAccessoryPage::storeArticle(const CZelString& article, ArticleTo to) {
     ZEL::dataItemSet(sectionItem(), &order, article);
   }
   if (to == ArticleTo::SectionAndPageItem && m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
+}
+
+namespace {
+CZelDataKey inSection(const CZelString& section, const wchar_t* key) {
+  CZelDataKey k;
+  k.set(5005, section.c_str(), 5005, key, 0);
+  return k;
+}
+}  // namespace
+
+void CQenAccessoryPage::setHelp(const wchar_t* topic) {
+  SetHelpTopic(topic);
+  CZelString helpFile;
+  ZEL::help_find(L"QEN", helpFile);
+  SetHelpFile(helpFile);
+}
+
+Zel::lUnit CQenAccessoryPage::lengthUnit() const {
+  int stored = 0;
+  CZelDataItem* unit = ZEL::cfg_get(inSection(m_env.sectionName, L"INSUNIT"));
+  return unit && unit->get(stored) ? static_cast<Zel::lUnit>(stored) : m_env.unit;
+}
+
+void CQenAccessoryPage::setUpField(CZelEdit& edit, int id, int type, int flags, Zel::lUnit unit, CZelEdit::Check check) {
+  edit.SubclassDlgItem(id, this);
+  edit.setCountry(country());
+  // Angles are always shown in decimal degrees; lengths in the record's format and the unit.
+  if (type == 3) {
+    edit.setFormat(2);
+  } else {
+    edit.setFormat(m_env.format);
+    edit.setLUnits(unit, -1);
+  }
+  edit.setEditFlags(type, flags, 2, -DBL_MAX, DBL_MAX);
+  edit.setCheck(check);
+}
+
+double CQenAccessoryPage::sectionReal(const wchar_t* key, double fallback) const {
+  double value = fallback;
+  if (CZelDataItem* item = ZEL::cfg_get(inSection(m_env.sectionName, key))) item->get(value);
+  return value;
+}
+
+CZelString CQenAccessoryPage::sectionText(const wchar_t* key) const {
+  CZelString value;
+  if (CZelDataItem* item = ZEL::cfg_get(inSection(m_env.sectionName, key))) item->get(value);
+  return value;
 }

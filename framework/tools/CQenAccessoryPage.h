@@ -5,6 +5,7 @@
 
 #include "module/CQenEntryDialog.h"
 #include "ui/CZelDlg.h"
+#include "ui/CZelEdit.h"
 
 class CQenAccessoryPage : public CZelDlg {
 public:
@@ -30,6 +31,19 @@ protected:
     ZEL::CDtaFilePointer* s = section();
     return s ? s->get(nullptr, true) : nullptr;
   }
+  // The page's help topic, and the add-on's help file.
+  void setHelp(const wchar_t* topic);
+  // The unit of the page's length fields: the section's "INSUNIT" when stored, else the
+  // record's length unit.
+  Zel::lUnit lengthUnit() const;
+  // A numeric field of the page in the record's number format, the page's country and the
+  // unit (lengths) with the edit flags; no limits beyond the flags.
+  void setUpField(CZelEdit& edit, int id, int type, int flags, Zel::lUnit unit,
+                  CZelEdit::Check check = CZelEdit::Check::OnLeave);
+  // A real of the section (the fallback when missing or of another type).
+  double sectionReal(const wchar_t* key, double fallback = 0.0) const;
+  // A text of the section (empty when missing).
+  CZelString sectionText(const wchar_t* key) const;
   // The main dialog, the tab control standing between it and the page.
   CWnd* mainDialog() const;
   // Asks the main dialog to refresh itself and its preview.
