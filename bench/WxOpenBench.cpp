@@ -1,9 +1,10 @@
 // How long a dialog takes to appear in a window: from the call of DoModal to the window's
 // first paint, for the test dialog (tabs, lists, tree, list view, preview), the dialog of
-// 150 controls, and the setting-block and axis dialogs through their entry functions on the
+// 150 controls, and the six accessory dialogs through their entry functions on the
 // factory settings. The first opening of the process (fonts and theme still to load) is
 // shown apart from the median and maximum of further openings. Needs a display (DISPLAY or
-// xvfb-run -a). Arguments name the cases to run (test, 150, klotz, axis); none: all.
+// xvfb-run -a). Arguments name the cases to run (test, 150, klotz, seal, silicone, membrane,
+// insulation, axis); none: all.
 #include "qen_mfc.h"
 
 #include "backend/wx/CWxBackend.h"
@@ -97,6 +98,14 @@ int main(int argc, char** argv) {
       });
     });
   }
+  if (wanted("seal"))
+    report("seal (qenDlgHzDi)", [&] { return openEntryOnce(backend, [] { qenDlgEnv_st env; return qenDlgHzDi(env); }); });
+  if (wanted("silicone"))
+    report("silicone joint (qenDlgHzSi)", [&] { return openEntryOnce(backend, [] { return qenDlgHzSi(qenDlgEnv_st{}); }); });
+  if (wanted("membrane"))
+    report("membrane (qenDlgHzFo)", [&] { return openEntryOnce(backend, [] { qenDlgEnv_st env; return qenDlgHzFo(env); }); });
+  if (wanted("insulation"))
+    report("insulation (qenDlgDm)", [&] { return openEntryOnce(backend, [] { qenDlgEnv_st env; return qenDlgDm(env); }); });
   if (wanted("axis"))
     report("axis symbol (qenDlgAxis)", [&] { return openEntryOnce(backend, [] { return qenDlgAxis(qenDlgEnv_st{}); }); });
   return 0;
