@@ -107,7 +107,7 @@ TEST_F(MsgClient, AClientWithoutInterfaceDoesNothingAndReturnsEmpty) {
   EXPECT_EQ(client.selectedKey(), L"");
   EXPECT_FALSE(client.loadResourceFile(L"/x/qen_user.rsx"));
   EXPECT_EQ(client.text(L"QEN_TXT_001", L"de"), L"");
-  EXPECT_LT(msSince(start), 50);
+  EXPECT_LT(msSince(start), 500) << "no second wait of " << ZEL::CZelDispatch::kCallTimeoutMs << " ms";
   EXPECT_FALSE(std::filesystem::exists(socket)) << "no call starts a server";
 }
 
@@ -199,8 +199,9 @@ TEST_F(MsgClient, GivesUpOnAServerThatNeverAnswersAndThenStaysQuiet) {
   ASSERT_EQ(client.connect(), ZEL::CZelMsgClient::Connection::Running);
   auto start = Clock::now();
   EXPECT_EQ(client.selectedKey(), L"");
+  // Whole milliseconds: the last one may not have been counted yet.
   const long waited = msSince(start);
-  EXPECT_GE(waited, ZEL::CZelDispatch::kCallTimeoutMs);
+  EXPECT_GE(waited, ZEL::CZelDispatch::kCallTimeoutMs - 1);
   EXPECT_LT(waited, ZEL::CZelDispatch::kCallTimeoutMs + 1000);
   EXPECT_FALSE(client.isAttached());
   EXPECT_NE(client.error().find("no answer within"), std::string::npos) << client.error();
@@ -208,7 +209,7 @@ TEST_F(MsgClient, GivesUpOnAServerThatNeverAnswersAndThenStaysQuiet) {
   // The import's calls per country do not wait again.
   start = Clock::now();
   EXPECT_EQ(client.text(L"QEN_TXT_001", L"de"), L"");
-  EXPECT_LT(msSince(start), 50);
+  EXPECT_LT(msSince(start), 500) << "no second wait of " << ZEL::CZelDispatch::kCallTimeoutMs << " ms";
   ::close(fd);
   ::unlink(socket.c_str());
 }
