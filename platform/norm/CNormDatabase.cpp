@@ -1,0 +1,236 @@
+// One connection, opened read-only; the statements are prepared once at opening and reset
+// after each use. Nothing here writes: the database is a build product.
+#include "CNormDatabase.h"
+
+#include <sqlite3.h>
+
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+const char* const kSql[] = {
+    // Families
+    "SELECT name FROM family ORDER BY ord",
+    // Root
+    "SELECT key FROM node WHERE parent IS NULL ORDER BY ord",
+    // Children
+    "SELECT c.key FROM node p JOIN node c ON c.parent = p.id WHERE p.path = ?1 AND c.type <> 'SIZE' ORDER BY c.ord",
+    // Property
+    "SELECT v.value FROM node n JOIN prop v ON v.node = n.id WHERE n.path = ?1 AND v.name = ?2",
+    // StandardAt
+    "SELECT n.path, s.key, s.din, s.iso, s.en_iso, s.en, s.other, s.title_de, s.title_en "
+    "FROM node n JOIN standard s ON s.node = n.id WHERE n.path = ?1",
+    // Standards
+    "SELECT n.path, s.key, s.din, s.iso, s.en_iso, s.en, s.other, s.title_de, s.title_en "
+    "FROM standard s JOIN node n ON s.node = n.id "
+    "WHERE ?1 = '' OR n.path = ?1 OR substr(n.path, 1, length(?1) + 1) = ?1 || '\\' ORDER BY n.id",
+    // Sizes
+    "SELECT z.name FROM node n JOIN size z ON z.standard = n.id WHERE n.path = ?1 ORDER BY z.ord",
+    // Lengths
+    "SELECT l.nominal FROM node n JOIN size z ON z.node = n.id JOIN length l ON l.standard = z.standard "
+    "WHERE n.path = ?1 AND l.nominal >= z.l_min AND l.nominal <= z.l_max ORDER BY l.ord",
+    // Materials
+    "SELECT m.key FROM node n JOIN material_standard ms ON ms.standard = n.id JOIN material m ON m.ord = ms.material "
+    "WHERE n.path = ?1 ORDER BY m.ord",
+};
+static_assert(sizeof(kSql) / sizeof(kSql[0]) == 9);
+
+std::string column(sqlite3_stmt* statement, int index)
+{
+    const auto* text = sqlite3_column_text(statement, index);
+    return text ? reinterpret_cast<const char*>(text) : std::string();
+}
+
+// Resets the statement when the query is done, however it ends.
+struct Reset {
+    sqlite3_stmt* statement;
+    ~Reset()
+    {
+        if (statement) {
+            sqlite3_reset(statement);
+            sqlite3_clear_bindings(statement);
+        }
+    }
+};
+
+void bind(sqlite3_stmt* statement, int index, const std::string& text)
+{
+    sqlite3_bind_text(statement, index, text.c_str(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+void anchor() {}
+}  // namespace
+
+CNormDatabase::CNormDatabase(const std::string& path) : m_path(path)
+{
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec)) {
+        m_error = "standard-parts database not found: " + path;
+        return;
+    }
+    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
+        m_error = "standard-parts database cannot be opened: " + path + " (" + (m_db ? sqlite3_errmsg(m_db) : "no memory") + ")";
+        sqlite3_close(m_db);
+        m_db = nullptr;
+        return;
+    }
+    for (int q = 0; q < QueryCount; ++q) {
+        if (sqlite3_prepare_v3(m_db, kSql[q], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[q], nullptr) != SQLITE_OK) {
+            m_error = "standard-parts database damaged: " + path + " (" + sqlite3_errmsg(m_db) + ")";
+            break;
+        }
+    }
+    if (m_error.empty() && families().empty())
+        m_error = "standard-parts database damaged: " + path + " (no families)";
+    if (!m_error.empty()) {
+        for (auto*& statement : m_statements) {
+            sqlite3_finalize(statement);
+            statement = nullptr;
+        }
+        sqlite3_close(m_db);
+        m_db = nullptr;
+    }
+}
+
+CNormDatabase::~CNormDatabase()
+{
+    for (auto* statement : m_statements)
+        sqlite3_finalize(statement);
+    sqlite3_close(m_db);
+}
+
+CNormDatabase& CNormDatabase::instance()
+{
+    static CNormDatabase database(locate());
+    // Reported once: the dialogs ask again and again, and every answer is empty anyway.
+    static const bool reported = [] {
+        if (!database.isOpen())
+            std::fprintf(stderr, "%s\n", database.error().c_str());
+        return true;
+    }();
+    (void)reported;
+    return database;
+}
+
+std::string CNormDatabase::locate()
+{
+    if (const char* env = std::getenv("QEN_NORM_DB"); env && *env)
+        return env;
+    std::filesystem::path holder;
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(&anchor), &info) && info.dli_fname && std::string(info.dli_fname).find('/') != std::string::npos)
+        holder = info.dli_fname;
+    else {
+        std::error_code ec;
+        holder = std::filesystem::read_symlink("/proc/self/exe", ec);
+    }
+    return (holder.parent_path() / "qen_norm.db").string();
+}
+
+sqlite3_stmt* CNormDatabase::prepared(Query query)
+{
+    return m_db ? m_statements[query] : nullptr;
+}
+
+std::vector<std::string> CNormDatabase::texts(Query query, const std::string& path)
+{
+    std::vector<std::string> out;
+    sqlite3_stmt* statement = prepared(query);
+    if (!statement)
+        return out;
+    Reset reset{statement};
+    if (query != Families && query != Root)
+        bind(statement, 1, path);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        out.push_back(column(statement, 0));
+    return out;
+}
+
+std::vector<std::string> CNormDatabase::families()
+{
+    return texts(Families, {});
+}
+
+std::vector<std::string> CNormDatabase::children(const std::string& path)
+{
+    return path.empty() ? texts(Root, {}) : texts(Children, path);
+}
+
+std::optional<std::string> CNormDatabase::property(const std::string& path, const std::string& name)
+{
+    sqlite3_stmt* statement = prepared(Property);
+    if (!statement)
+        return std::nullopt;
+    Reset reset{statement};
+    bind(statement, 1, path);
+    bind(statement, 2, name);
+    if (sqlite3_step(statement) != SQLITE_ROW)
+        return std::nullopt;
+    return column(statement, 0);
+}
+
+CNormDatabase::Standard CNormDatabase::readStandard(sqlite3_stmt* statement)
+{
+    Standard s;
+    s.path = column(statement, 0);
+    s.key = column(statement, 1);
+    s.din = column(statement, 2);
+    s.iso = column(statement, 3);
+    s.enIso = column(statement, 4);
+    s.en = column(statement, 5);
+    s.other = column(statement, 6);
+    s.titleDe = column(statement, 7);
+    s.titleEn = column(statement, 8);
+    return s;
+}
+
+std::optional<CNormDatabase::Standard> CNormDatabase::standard(const std::string& path)
+{
+    sqlite3_stmt* statement = prepared(StandardAt);
+    if (!statement)
+        return std::nullopt;
+    Reset reset{statement};
+    bind(statement, 1, path);
+    if (sqlite3_step(statement) != SQLITE_ROW)
+        return std::nullopt;
+    return readStandard(statement);
+}
+
+std::vector<CNormDatabase::Standard> CNormDatabase::standardsBelow(const std::string& path)
+{
+    std::vector<Standard> out;
+    sqlite3_stmt* statement = prepared(Standards);
+    if (!statement)
+        return out;
+    Reset reset{statement};
+    bind(statement, 1, path);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        out.push_back(readStandard(statement));
+    return out;
+}
+
+std::vector<std::string> CNormDatabase::sizes(const std::string& path)
+{
+    return texts(Sizes, path);
+}
+
+std::vector<double> CNormDatabase::lengths(const std::string& sizePath)
+{
+    std::vector<double> out;
+    sqlite3_stmt* statement = prepared(Lengths);
+    if (!statement)
+        return out;
+    Reset reset{statement};
+    bind(statement, 1, sizePath);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        out.push_back(sqlite3_column_double(statement, 0));
+    return out;
+}
+
+std::vector<std::string> CNormDatabase::materials(const std::string& path)
+{
+    return texts(Materials, path);
+}

@@ -1,0 +1,65 @@
+// Read-only access to the standard-parts database that qen-normdb builds: one connection
+// with its prepared statements. A database that is missing or damaged leaves the object
+// closed, with a message naming the path; every query then answers empty.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class CNormDatabase {
+public:
+    // One standard with its designations (empty where a family has none) and titles.
+    struct Standard {
+        std::string path;  // the selection stack joined with "\"
+        std::string key, din, iso, enIso, en, other, titleDe, titleEn;
+    };
+
+    explicit CNormDatabase(const std::string& path);
+    ~CNormDatabase();
+    CNormDatabase(const CNormDatabase&) = delete;
+    CNormDatabase& operator=(const CNormDatabase&) = delete;
+
+    // The process's database, opened on first use at the path `locate()` gives.
+    static CNormDatabase& instance();
+    // $QEN_NORM_DB when set and not empty, else "qen_norm.db" beside the shared library or
+    // program that holds this code.
+    static std::string locate();
+
+    bool isOpen() const { return m_db != nullptr; }
+    const std::string& path() const { return m_path; }
+    // Why the database could not be opened (names the path); empty when it is open.
+    const std::string& error() const { return m_error; }
+
+    // The families in their order ("DIN", "ISO", "EN").
+    std::vector<std::string> families();
+    // Keys of the tree children of a node in their order (the root for an empty path);
+    // sizes are not tree children.
+    std::vector<std::string> children(const std::string& path);
+    // A property of the node at the path; none when node or property is absent.
+    std::optional<std::string> property(const std::string& path, const std::string& name);
+    // The standard at the path; none when the path names no standard.
+    std::optional<Standard> standard(const std::string& path);
+    // Every standard at or below the node at the path (all for an empty path), in tree order.
+    std::vector<Standard> standardsBelow(const std::string& path);
+    // Nominal sizes of the standard at the path, in the order of its table.
+    std::vector<std::string> sizes(const std::string& path);
+    // Standard lengths of the size at the path: the standard's series cut to the size's range.
+    std::vector<double> lengths(const std::string& sizePath);
+    // Material keys offered for the standard at the path, in the catalogue's order.
+    std::vector<std::string> materials(const std::string& path);
+
+private:
+    enum Query { Families, Root, Children, Property, StandardAt, Standards, Sizes, Lengths, Materials, QueryCount };
+    sqlite3_stmt* prepared(Query query);
+    std::vector<std::string> texts(Query query, const std::string& path);
+    static Standard readStandard(sqlite3_stmt* statement);
+
+    std::string m_path;
+    std::string m_error;
+    sqlite3* m_db = nullptr;
+    sqlite3_stmt* m_statements[QueryCount] = {};
+};
