@@ -149,9 +149,3 @@ TEST_F(BlockTest, TheAdministrationTabShowsWhereTheObjectComesFrom) {
   r = runBlock("tab 1\nexpect 1/10062 text \"\"\nexpect 1/10454 text \"Fassade 50\"\nok\n");
   EXPECT_EQ(r.status, 0) << r.err;
 }
-
-TEST_F(BlockTest, AnEmptyPresetDirectoryLeavesPresetRemovalDisabled) {
-  ZEL::cfg_dir_make(CZelDataKey::fromPath(L"*QEN_OBJ_PROP*\\*KLOTZ*"));
-  DialogRun r = runBlock("tab 1\nexpect 1/10434 disabled\nok\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-}

@@ -165,14 +165,6 @@ TEST_F(CAxisDlgTest, AStoreWithoutTheAxisOpensOnTheFactoryState) {
   EXPECT_EQ(stored(L"*AXIS*"), "absent");
 }
 
-TEST_F(CAxisDlgTest, TheLengthFieldsTakeTheAxisUnitAndTheRecordsNumberFormat) {
-  set(L"*AXIS*\\INSUNIT", "5");  // centimetres: 50 is half a metre
-  qenDlgEnv_st env;
-  env.unit = Zel::lUnit::Millimeters;
-  DialogRun r = runAxis("expect 10699 text \"50 cm\"\nenter 10699 \"100mm\"\nexpect-store *AXIS*\\LEN 10.0\nok\n", env);
-  EXPECT_EQ(r.status, 0) << r.err;
-}
-
 TEST_F(CAxisDlgTest, ASelectionThatEndsOnNoLineWritesAnEmptyConstruction) {
   set(L"*AXIS*\\CONS", "\"PLAN\"");
   std::string shown;
@@ -184,30 +176,6 @@ TEST_F(CAxisDlgTest, ASelectionThatEndsOnNoLineWritesAnEmptyConstruction) {
   EXPECT_EQ(stored(L"*AXIS*\\CONS"), "\"\"");
   // With no construction stored the first one is shown.
   EXPECT_EQ(shown, "Verglasungsachse");
-}
-
-TEST_F(CAxisDlgTest, AChangedConstructionLeavesThePresetKeyAloneWhenItStaysTheSame) {
-  // The axis's preset key does not depend on its construction: no presets are merged in.
-  set(L"*QEN_OBJ_PROP*\\AXIS", R"({"LEN": 999.0})");
-  runActing([](CDialog& dialog) {
-    dialog.combo(10708).selectByUser(1);
-    dialog.EndDialog(IDOK);
-  });
-  EXPECT_EQ(stored(L"*AXIS*\\CONS"), "\"PANEL\"");
-  EXPECT_EQ(stored(L"*AXIS*\\LEN"), "50.0");
-}
-
-TEST_F(CAxisDlgTest, TheAssignmentButtonsCarryTheirIconsAndTooltips) {
-  std::vector<std::pair<HICON, CZelString>> buttons;
-  runActing([&](CDialog& dialog) {
-    for (int id : {10294, 10334, 10335}) buttons.emplace_back(dialog.button(id).GetIcon(), dialog.button(id).toolTipText());
-  });
-  ASSERT_EQ(buttons.size(), 3u);
-  EXPECT_EQ(buttons[0].first, iconHandle(10308));
-  EXPECT_EQ(buttons[1].first, iconHandle(10304));
-  EXPECT_EQ(buttons[2].first, iconHandle(10305));
-  EXPECT_EQ(buttons[0].second, CZelString(L"Layerzuordnung"));
-  EXPECT_EQ(buttons[2].second, CZelString(L"Beschriftung"));
 }
 
 // --- the preview ------------------------------------------------------------------------------
@@ -235,45 +203,6 @@ TEST_F(CAxisDlgTest, AGlazingAxisIsDrawnToScaleAllOnTheCentreLineLayer) {
   EXPECT_TRUE(crossings(picture).empty());
 }
 
-TEST_F(CAxisDlgTest, AnInfillPositionHasItsEdgeAndClampingTickOnTheContourLayer) {
-  onLayers();
-  const CDisplayList picture = copyPreview("enter 10699 \"120\"\nselect 10708 1\nclick 10694\nenter 10695 \"30\"\n");
-  EXPECT_EQ(crossings(picture), (std::vector<double>{0.0, 30.0}));
-  const std::vector<Item> arrows = heads(picture);
-  ASSERT_EQ(arrows.size(), 1u);
-  EXPECT_DOUBLE_EQ(arrows[0].points[0].x, 120.0);
-  EXPECT_DOUBLE_EQ(arrows[0].points[1].x, 108.0);
-  EXPECT_DOUBLE_EQ(arrows[0].points[1].y, 4.0);
-  EXPECT_EQ(arrows[0].color.index(), 5);
-  for (const Item& item : itemsOf(picture, Kind::Polyline))
-    EXPECT_EQ(item.color.index(), item.points.count() == 2 && item.points[0].y == item.points[1].y ? 1 : 5);
-  // Ticks as long as an arrow head: 12 across.
-  for (const Item& item : itemsOf(picture, Kind::Polyline))
-    if (!item.closed && item.points[0].x == item.points[1].x) {
-      EXPECT_DOUBLE_EQ(std::fabs(item.points[1].y - item.points[0].y), 12.0);
-    }
-  EXPECT_TRUE(itemsOf(picture, Kind::Fill).empty());
-  EXPECT_DOUBLE_EQ(picture.view.maxX, 120.0);
-}
-
-TEST_F(CAxisDlgTest, AnInfillPlaneIsClampedFromBothEndsAndItsDepthStopsAtTheMiddle) {
-  const CDisplayList picture = copyPreview("enter 10699 \"100\"\nselect 10708 2\nclick 10694\nenter 10695 \"80\"\n");
-  EXPECT_EQ(crossings(picture), (std::vector<double>{0.0, 50.0, 50.0, 100.0}));
-  EXPECT_EQ(heads(picture).size(), 2u);
-}
-
-TEST_F(CAxisDlgTest, HatchedArrowHeadsAreFilledInTheFillingLayersColour) {
-  onLayers();
-  const CDisplayList picture = copyPreview("select 10708 1\nclick 10694\nclick 10219\n");
-  const std::vector<Item> fills = itemsOf(picture, Kind::Fill);
-  ASSERT_EQ(fills.size(), 1u);
-  EXPECT_EQ(fills[0].color.index(), 3);
-  EXPECT_DOUBLE_EQ(fills[0].points[0].x, 50.0);
-  EXPECT_DOUBLE_EQ(fills[0].points[1].x, 45.0);
-  // Back to the outline: no fill.
-  EXPECT_TRUE(itemsOf(copyPreview("click 10698\n"), Kind::Fill).empty());
-}
-
 TEST_F(CAxisDlgTest, AHatchChosenWithTheHatchAssignmentHatchesTheArrowHeadWithItsPattern) {
   onLayers();
   const CDisplayList picture = copyPreview(
@@ -299,26 +228,6 @@ TEST_F(CAxisDlgTest, ThePreviewIsDrawnOnTheMenusBackgroundColour) {
   // Colour 7 as the background is white, as the host shows its drawing.
   set(L"QEN_MENU\\COLOR\\BASE", "7");
   EXPECT_EQ(copyPreview("").background, CZelColor::fromRgb(255, 255, 255));
-}
-
-TEST_F(CAxisDlgTest, TheBackgroundFallsBackToItsGroupCodeMemberAndThenToTheTrueColourText) {
-  set(L"QEN_MENU\\COLOR\\BASE", R"([{"$pair": [62, 3]}])");
-  EXPECT_EQ(CAxisDlg::backgroundColor(), CZelColor::fromIndex(3));
-  set(L"QEN_MENU\\COLOR\\BASE", R"({"420": "16744448"})");
-  EXPECT_EQ(CAxisDlg::backgroundColor(), CZelColor::fromRgb(255, 128, 0));
-  EXPECT_EQ(copyPreview("").background, CZelColor::fromRgb(255, 128, 0));
-  // A text that is no colour number is not taken.
-  set(L"QEN_MENU\\COLOR\\BASE", R"({"420": "orange"})");
-  EXPECT_EQ(CAxisDlg::backgroundColor(), CZelColor::fromRgb(255, 255, 255));
-  ZEL::cfg_remove(L"QEN_MENU\\COLOR");
-  EXPECT_EQ(CAxisDlg::backgroundColor(), CZelColor::fromRgb(255, 255, 255));
-}
-
-TEST_F(CAxisDlgTest, ARefusedLengthLeavesThePreviewAsItWas) {
-  const CDisplayList before = copyPreview("");
-  const CDisplayList after = copyPreview("type 10699 \"1e999\"\nleave 10699\n");
-  EXPECT_EQ(after.items(), before.items());
-  EXPECT_EQ(stored(L"*AXIS*\\LEN"), "50.0");
 }
 
 TEST_F(CAxisDlgTest, ARightClickOutsideThePreviewShowsNoMenu) {

@@ -122,14 +122,6 @@ TEST_F(SealTest, ThePreviewIsTheHatchedSealToScaleInTheLayerColours) {
   EXPECT_DOUBLE_EQ(picture.view.maxY, 6.5);
 }
 
-TEST_F(SealTest, TheOutlineAloneHasNoHatch) {
-  const CDisplayList& picture = copyPreview("click 10333\n");
-  ASSERT_FALSE(picture.items().empty());
-  for (const auto& item : picture.items()) EXPECT_EQ(item.kind, CDisplayList::Kind::Polyline);
-}
-
-// The favourite is kept by the host beside the drawing: qen-host runs the dialog on a
-// copy of the drawing in a folder of the test's own.
 TEST_F(SealTest, TheFavouriteBringsBackWhatWasSaved) {
   namespace fs = std::filesystem;
   const fs::path dir = fs::temp_directory_path() / ("qen-seal-fav-" + std::to_string(::getpid()));
@@ -152,28 +144,4 @@ TEST_F(SealTest, TheFavouriteBringsBackWhatWasSaved) {
   EXPECT_NE(text.find("end code: 1"), std::string::npos) << text;
   EXPECT_TRUE(fs::exists(dir / "favourites" / "DICHT.json"));
   fs::remove_all(dir);
-}
-
-TEST_F(SealTest, OkWritesNoSectionBackAndRemovesMode) {
-  useMarkingSeal();
-  DialogRun r = runSeal("tab 1\nexpect-store *HZ_DICHT*\\MODE \"ADMIN\"\nok\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.result, 1);
-  // The stored sections carry the marks; no working copy was written back.
-  for (const wchar_t* s : {L"*QEN_OBJ_ORDER*", L"*QEN_OBJ_PROP*", L"*ZEL_DL_LAYDET*", L"*ZEL_LAYER*", L"*HZ_DICHT*", L"QEN_MENU"})
-    EXPECT_TRUE(marked(s)) << CZelString(s).toUtf8();
-  for (const wchar_t* s : {L"_COUNTRY", L"_COUNTRY1", L"*ZEL_MAT*"}) EXPECT_FALSE(marked(s)) << CZelString(s).toUtf8();
-  EXPECT_FALSE(hasMode());
-}
-
-TEST_F(SealTest, CancelRemovesModeAndThePickCodeKeepsIt) {
-  DialogRun r = runSeal("tab 1\ncancel\n");
-  EXPECT_EQ(r.result, 0);
-  EXPECT_FALSE(hasMode());
-  r = runSeal("tab 1\nclick 1/10426\n");
-  EXPECT_EQ(r.result, 103);
-  EXPECT_TRUE(hasMode());
-  // The next call opens on the administration tab.
-  r = runSeal("expect 15007 selected 1\ncancel\n");
-  EXPECT_EQ(r.status, 0) << r.err;
 }

@@ -105,66 +105,6 @@ TEST_F(SiliconeTest, TheFactoryJointIsSiliconeOverACordBothHatchedInTheLayerColo
   EXPECT_NEAR(picture.view.maxY, 16.0, 1e-9);
 }
 
-TEST_F(SiliconeTest, EachHatchBoxDrawsItsOwnHatch) {
-  // Only the cord hatched: one hatch, every dash within the cord.
-  const CDisplayList& cordOnly = copyPreview("click 10398\n");
-  auto hatches = itemsOf(cordOnly, Kind::Segments);
-  ASSERT_EQ(hatches.size(), 1u);
-  ASSERT_GT(hatches[0]->points.count(), 0);
-  for (int i = 0; i < hatches[0]->points.count(); ++i)
-    EXPECT_LE(std::hypot(hatches[0]->points[i].x - 6.0, hatches[0]->points[i].y - 10.0), 6.0 + 1e-6);
-  // Only the silicone hatched: every dash above the cord's centre depth.
-  const CDisplayList& siliconeOnly = copyPreview("click 10398\nclick 10399\n");
-  hatches = itemsOf(siliconeOnly, Kind::Segments);
-  ASSERT_EQ(hatches.size(), 1u);
-  for (int i = 0; i < hatches[0]->points.count(); ++i) EXPECT_LE(hatches[0]->points[i].y, 10.0 + 1e-6);
-  const CDisplayList& none = copyPreview("click 10398\n");
-  EXPECT_TRUE(itemsOf(none, Kind::Segments).empty());
-  EXPECT_EQ(itemsOf(none, Kind::Polyline).size(), 2u);
-}
-
-TEST_F(SiliconeTest, TheVariantsDrawTheirJoints) {
-  // 2: the flat face.
-  const CDisplayList& flat = copyPreview("click 10393\n");
-  auto paths = itemsOf(flat, Kind::Polyline);
-  ASSERT_EQ(paths.size(), 2u);
-  EXPECT_DOUBLE_EQ(paths[0]->points[0].bulge, 0.0);
-  // 3: the fillet in the corner, the cord of 2/5 of the width in the corner.
-  const CDisplayList& fillet = copyPreview("click 10394\n");
-  paths = itemsOf(fillet, Kind::Polyline);
-  ASSERT_EQ(paths.size(), 2u);
-  const CZelVertexArray& silicone = paths[0]->points;
-  ASSERT_EQ(silicone.count(), 4);
-  expectPoint(silicone[0], 2.4, 0, "leg start");
-  expectPoint(silicone[1], 12, 0, "leg end");
-  expectPoint(silicone[2], 0, 12, "face end");
-  expectPoint(silicone[3], 0, 2.4, "round the cord");
-  expectPoint(paths[1]->points[0], 0, 2.4, "cord left");
-  expectPoint(paths[1]->points[1], 4.8, 2.4, "cord right");
-  EXPECT_NEAR(fillet.view.maxY, 12.0, 1e-9);
-}
-
-TEST_F(SiliconeTest, WithoutCordTheJointIsHalfAsDeepAsWideAndTurnsByItsAngle) {
-  const CDisplayList& plain = copyPreview("click 10395\nclick 0/10400\nenter 0/10389 \"20\"\n");
-  auto paths = itemsOf(plain, Kind::Polyline);
-  ASSERT_EQ(paths.size(), 1u);
-  ASSERT_EQ(paths[0]->points.count(), 4);
-  expectPoint(paths[0]->points[1], 20, 0, "face end");
-  expectPoint(paths[0]->points[2], 20, 10, "back");
-  // Turned by 90°: the face runs up the y axis, the joint reaches into -x.
-  const CDisplayList& turned = copyPreview("enter 0/10130 \"90\"\n");
-  paths = itemsOf(turned, Kind::Polyline);
-  ASSERT_EQ(paths.size(), 1u);
-  expectPoint(paths[0]->points[0], 0, 0, "origin");
-  expectPoint(paths[0]->points[1], 0, 20, "face end");
-  expectPoint(paths[0]->points[2], -10, 20, "back");
-  expectPoint(paths[0]->points[3], -10, 0, "back start");
-  EXPECT_EQ(itemsOf(turned, Kind::Segments).size(), 1u);
-  double w = 0.0;
-  ZEL::cfg_get(L"*HZ_SILIKON*\\W")->get(w);
-  EXPECT_DOUBLE_EQ(w, std::acos(-1.0) / 2.0);
-}
-
 TEST_F(SiliconeTest, AnEditedJointKeepsItsOutlineAndAnEditWithoutAJointLocksTheSizes) {
   ZEL::cfg_set(L"QEN_MENU\\SILIKON", ZEL::mkDataItem(ZEL::mkRbLong(1)), true);
   ZEL::cfg_set(L"*HZ_SILIKON*\\ORIG", ZEL::mkDataItem(ZEL::mkRbBool(true)), true);
@@ -179,26 +119,6 @@ TEST_F(SiliconeTest, AnEditedJointKeepsItsOutlineAndAnEditWithoutAJointLocksTheS
   ZEL::cfg_set(L"*HZ_SILIKON*\\ORIG", ZEL::mkDataItem(ZEL::mkRbBool(false)), true);
   r = runSilicone("expect 0/10400 disabled\nexpect 0/10389 disabled\nexpect 0/10130 disabled\ncancel\n");
   EXPECT_EQ(r.status, 0) << r.err;
-}
-
-TEST_F(SiliconeTest, TheMaterialTreeOffersEveryMaterialOfTheSystem) {
-  ZEL::cfg_set(L"*MAT_TREE_PARM*\\FULL", ZEL::mkDataItem(ZEL::mkRbLong(1)), true);
-  DialogRun r = runSilicone("cancel\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-  CZelArrayTempl<CZelString> filter;
-  ASSERT_NE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FILTER"), nullptr);
-  ASSERT_TRUE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FILTER")->get(filter));
-  ASSERT_EQ(filter.count(), 1);
-  EXPECT_EQ(filter[0], CZelString(L"SYSTEM"));
-  EXPECT_EQ(ZEL::cfg_get(L"*MAT_TREE_PARM*\\FULL"), nullptr);
-  int all = 0;
-  ASSERT_NE(ZEL::cfg_get(L"*MAT_TREE_PARM*\\ALL"), nullptr);
-  ZEL::cfg_get(L"*MAT_TREE_PARM*\\ALL")->get(all);
-  EXPECT_EQ(all, 1);
-  // The last material is kept for the tree.
-  CZelString material;
-  ZEL::cfg_get(L"*MAT_TREE_PARM*\\MAT")->get(material);
-  EXPECT_EQ(material, CZelString(L"SILIKON"));
 }
 
 TEST_F(SiliconeTest, OkWritesBackTheCompositeSectionAndNothingElse) {

@@ -63,15 +63,6 @@ TEST_F(SheetTabToolsTest, APreviewZoomsToAChangedOutlineUnlessAnObjectIsEdited) 
   EXPECT_EQ(picture.displayList().view, picture.view());
 }
 
-TEST_F(SheetTabToolsTest, MissingPartsDrawNothingAndDoNotFail) {
-  auto block = stored(L"*HZ_KLOTZ*");
-  tools.refreshPreview(nullptr, &gdx, &picture, true);
-  tools.refreshPreview(block.get(), nullptr, &picture, true);
-  tools.refreshPreview(block.get(), &gdx, nullptr, true);
-  EXPECT_TRUE(picture.displayList().isEmpty());
-  EXPECT_TRUE(tools.layerAssignment(nullptr, qenDlgEnv_st{}) == false);
-}
-
 TEST_F(SheetTabToolsTest, EditingAlwaysSetsTheCoordinateFlag) {
   CZelDataKey coord(L"COORD");
   tools.setCoordFlag(L"*HZ_KLOTZ*", nullptr, 10388);

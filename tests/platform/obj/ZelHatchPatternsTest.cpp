@@ -169,19 +169,6 @@ TEST(ZelHatchPatterns, DashedFamiliesHaveTheirDashLengths) {
   EXPECT_EQ(dots.size(), 36u);  // 6 rows of 6 dots in a 10 mm square
 }
 
-TEST(ZelHatchPatterns, DashesContinueAlongARowAndShiftFromRowToRow) {
-  // DASH: horizontal dashes of 3.175 with gaps of 3.175; each row 3.175 higher starts 3.175 further on.
-  const std::vector<Segment> s = hatch(rectangle(-40, -40, 80, 80), L"DASH", 1.0, 0.0);
-  for (const Segment& seg : s) {
-    if (onBoundary(seg.a, -40, -40, 40, 40) || onBoundary(seg.b, -40, -40, 40, 40)) continue;
-    const double row = seg.a.y / 3.175;
-    ASSERT_NEAR(row, std::round(row), 1e-7);
-    const double start = std::fmod(seg.a.x - std::round(row) * 3.175 + 6.35 * 100, 6.35);
-    EXPECT_TRUE(start < 1e-7 || start > 6.35 - 1e-7) << "row " << row << " dash at " << seg.a.x;
-    EXPECT_NEAR(seg.length(), 3.175, 1e-9);
-  }
-}
-
 TEST(ZelHatchPatterns, TheOutlineIsCutEvenOdd) {
   // A frame: outer 20 × 20, inner 10 × 10 hole, as one outline that goes round both.
   CZelVertexArray frame;
@@ -252,51 +239,4 @@ TEST(ZelHatchPatterns, ATinyScaleOnABigOutlineIsCapped) {
   CDisplayList sand;
   ASSERT_TRUE(ZEL::addPatternHatch(sand, rectangle(0, 0, 5000, 5000), L"AR-SAND", 0.01, 0.3, CZelColor()));
   EXPECT_LE(static_cast<int>(segments(sand).size()), ZEL::kMaxHatchSegments);
-}
-
-TEST(ZelHatchPatterns, FarFromTheOriginTheLinesKeepTheirGrid) {
-  const double x0 = 1.0e6, y0 = -2.0e6;
-  const std::vector<Segment> s = hatch(rectangle(x0, y0, 10, 10), L"ANSI31", 1.0, 0.0);
-  ASSERT_GE(s.size(), 3u);
-  const std::vector<double> d = lineDistances(s, 45.0);
-  for (std::size_t i = 1; i < d.size(); ++i) EXPECT_NEAR(d[i] - d[i - 1], 3.175, 1e-6);
-  for (const Segment& seg : s) {
-    EXPECT_NEAR(seg.direction(), 45.0, 1e-6);
-    EXPECT_GE(std::min(seg.a.x, seg.b.x), x0 - 1e-6);
-    EXPECT_LE(std::max(seg.a.x, seg.b.x), x0 + 10 + 1e-6);
-  }
-  // Dashes far away, at a scale whose dash is far below the coordinates' precision, end too.
-  CDisplayList list;
-  EXPECT_TRUE(ZEL::addPatternHatch(list, rectangle(1e17, 1e17, 1e3, 1e3), L"DASH", 1e-12, 0.0, CZelColor()));
-  EXPECT_LE(static_cast<int>(segments(list).size()), ZEL::kMaxHatchSegments * 2);
-}
-
-TEST(ZelHatchPatterns, AnOutlineThatIsNotANumberHatchesNothing) {
-  CZelVertexArray bad = rectangle(0, 0, 10, 10);
-  bad[2].x = std::nan("");
-  CDisplayList list;
-  EXPECT_TRUE(ZEL::addPatternHatch(list, bad, L"ANSI31", 1.0, 0.0, CZelColor()));
-  EXPECT_TRUE(ZEL::addPatternHatch(list, bad, L"SOLID", 1.0, 0.0, CZelColor()));
-  EXPECT_TRUE(list.isEmpty());
-  // A scale or angle that is not a number is taken as 1 and 0.
-  EXPECT_EQ(hatch(rectangle(0, 0, 10, 10), L"ANSI31", std::nan(""), std::nan("")).size(), 5u);
-}
-
-TEST(ZelHatchPatterns, GravelOnAFacadePanelIsDrawnAtItsOwnScale) {
-  // 300 × 200 at scale 1 stays within the cap: every stone edge that the outline does not cut
-  // has the length its family gives, not a coarsened one.
-  const std::vector<Segment> s = hatch(rectangle(0, 0, 300, 200), L"GRAVEL", 1.0, 0.0);
-  const ZelHatchPattern* gravel = ZEL::findHatchPattern(L"GRAVEL");
-  ASSERT_NE(gravel, nullptr);
-  ASSERT_GT(s.size(), 1000u);
-  EXPECT_LE(static_cast<int>(s.size()), ZEL::kMaxHatchSegments);
-  int whole = 0;
-  for (const Segment& seg : s) {
-    if (onBoundary(seg.a, 0, 0, 300, 200) || onBoundary(seg.b, 0, 0, 300, 200)) continue;
-    bool known = false;
-    for (const ZelPatternLine& f : gravel->lines) known = known || std::fabs(seg.length() - f.dashes[0]) < 1e-7;
-    EXPECT_TRUE(known) << seg.length();
-    ++whole;
-  }
-  EXPECT_GT(whole, 1000);
 }
