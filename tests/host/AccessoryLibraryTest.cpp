@@ -1,6 +1,8 @@
 // The object library as the setting-block dialog's administration tab uses it across runs
 // of qen-host: "Speichern..." files the block in the drawing's library and names it; a later
 // run fetches it again with "Holen..." into fresh settings.
+#include "tests/support/HostProcess.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -15,25 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Result {
-  int status = -1;
-  std::string out;
-};
+using Result = HostResult;
 
-Result host(const std::string& args) {
-  std::string cmd = std::string(QEN_HOST_EXE) + " " + args + " 2>&1";
-  Result r;
-  FILE* p = popen(cmd.c_str(), "r");
-  if (!p) return r;
-  std::array<char, 4096> buf{};
-  std::size_t n;
-  while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
-  int st = pclose(p);
-  r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-  return r;
-}
-
-void write(const fs::path& p, const std::string& text) { std::ofstream(p, std::ios::binary) << text; }
+Result host(const std::string& args) { return runHost(args); }
 
 class AccessoryLibraryTest : public ::testing::Test {
 protected:

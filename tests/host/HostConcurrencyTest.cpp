@@ -3,6 +3,8 @@
 #include "data/CStoreFile.h"
 #include "data/CZelDataItem.h"
 
+#include "tests/support/HostProcess.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -17,23 +19,9 @@
 
 namespace {
 
-struct Result {
-  int status = -1;
-  std::string out;
-};
+using Result = HostResult;
 
-// Runs a shell command line (which may start several processes and wait for them).
-Result shell(const std::string& line) {
-  Result r;
-  FILE* p = popen((line + " 2>&1").c_str(), "r");
-  if (!p) return r;
-  std::array<char, 4096> buf{};
-  std::size_t n;
-  while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
-  int st = pclose(p);
-  r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-  return r;
-}
+Result shell(const std::string& line) { return runShell(line); }
 
 std::string quote(const std::string& s) {
   std::string q = "'";

@@ -1,5 +1,7 @@
 // qen-host run with arguments a user gets wrong, files that cannot be written, and the list
 // of entries: each is a clear message and a failure status, never a quiet fallback.
+#include "tests/support/HostProcess.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,30 +15,9 @@
 
 namespace {
 
-struct Result {
-  int status = -1;
-  std::string out;  // stdout and stderr together
-};
+using Result = HostResult;
 
-Result run(const std::string& args, const std::string& environment = "") {
-  std::string cmd = environment + std::string(QEN_HOST_EXE) + " " + args + " 2>&1";
-  Result r;
-  FILE* p = popen(cmd.c_str(), "r");
-  if (!p) return r;
-  std::array<char, 4096> buf{};
-  std::size_t n;
-  while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
-  int st = pclose(p);
-  r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-  return r;
-}
-
-std::string slurp(const std::filesystem::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+Result run(const std::string& args, const std::string& environment = "") { return runHost(args, environment); }
 
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 

@@ -1,5 +1,7 @@
 // qen-host as a user meets it: store commands, refused files left untouched, bad
 // arguments, entries whose dialog does not exist yet, and the factory settings.
+#include "tests/support/HostProcess.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -12,35 +14,9 @@
 
 namespace {
 
-struct Result {
-  int status = -1;
-  std::string out;  // stdout and stderr together
-};
+using Result = HostResult;
 
-Result run(const std::string& args, const std::string& environment = "") {
-  std::string cmd = environment + std::string(QEN_HOST_EXE) + " " + args + " 2>&1";
-  Result r;
-  FILE* p = popen(cmd.c_str(), "r");
-  if (!p) return r;
-  std::array<char, 4096> buf{};
-  std::size_t n;
-  while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
-  int st = pclose(p);
-  r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-  return r;
-}
-
-std::string slurp(const std::filesystem::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
-
-void write(const std::filesystem::path& p, const std::string& text) {
-  std::ofstream out(p, std::ios::binary);
-  out << text;
-}
+Result run(const std::string& args, const std::string& environment = "") { return runHost(args, environment); }
 
 class QenHostTest : public ::testing::Test {
 protected:

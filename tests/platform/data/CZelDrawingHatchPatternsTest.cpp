@@ -36,17 +36,6 @@ protected:
 
 }  // namespace
 
-TEST_F(DrawingHatchPatterns, TheEmptyDrawingOffersTheStandardSet) {
-  CZelDrawing::current().reset();
-  const auto patterns = ZEL::zelAppPtr()->hatchPatterns();
-  EXPECT_EQ(patterns.count(), static_cast<int>(ZEL::hatchPatternTable().size()));
-  auto offered = patterns;
-  ASSERT_NE(offered.lookup(L"ANSI31"), nullptr);
-  EXPECT_EQ(*offered.lookup(L"ANSI31"), CZelString(L"ANSI Iron, Brick, Stone masonry"));
-  ASSERT_NE(offered.lookup(L"SOLID"), nullptr);
-  EXPECT_EQ(*offered.lookup(L"SOLID"), CZelString(L"Solid fill"));
-}
-
 TEST_F(DrawingHatchPatterns, ADrawingWithoutAListOrWithAnEmptyOneOffersTheStandardSet) {
   for (const char* text : {R"({"layers": [{"name": "0"}]})", R"({"hatch_patterns": {}})"}) {
     CZelDrawing d;

@@ -31,24 +31,6 @@ TEST(ZelHatchPatternTable, HoldsTheStandardSetInMillimetres) {
     EXPECT_EQ(names.count(name), 1u) << CZelString(name).toUtf8();
 }
 
-TEST(ZelHatchPatternTable, EveryFamilyLineOfThePatternTextIsRead) {
-  // 65 patterns written out with 179 family lines between them, and GRAVEL built from stones.
-  std::size_t patterns = 0, families = 0;
-  for (const ZelHatchPattern& p : ZEL::hatchPatternTable()) {
-    if (p.name == L"GRAVEL") continue;
-    ++patterns;
-    families += p.lines.size();
-  }
-  EXPECT_EQ(patterns, 65u);
-  EXPECT_EQ(families, 179u);
-  const std::pair<const wchar_t*, std::size_t> counts[] = {{L"AR-CONC", 13}, {L"AR-PARQ1", 14}, {L"AR-BRELM", 8}, {L"EARTH", 6},
-                                                           {L"HEX", 5}, {L"ACAD_ISO15W100", 2}, {L"MUDST", 1}};
-  for (const auto& [name, count] : counts) EXPECT_EQ(ZEL::findHatchPattern(name)->lines.size(), count) << CZelString(name).toUtf8();
-  // Dots and negative numbers read as written: MUDST is a dash, a gap, a dot, a gap, a dot and a gap.
-  EXPECT_EQ(ZEL::findHatchPattern(L"MUDST")->lines[0].dashes,
-            (std::vector<double>{6.35, -6.35, 0.0, -6.35, 0.0, -6.35}));
-}
-
 TEST(ZelHatchPatternTable, InchPatternsAreTurnedIntoMillimetres) {
   const ZelHatchPattern* ansi31 = ZEL::findHatchPattern(L"ansi31");
   ASSERT_NE(ansi31, nullptr);
@@ -78,25 +60,4 @@ TEST(ZelHatchPatternTable, InchPatternsAreTurnedIntoMillimetres) {
 
   EXPECT_EQ(ZEL::findHatchPattern(L"ANSI99"), nullptr);
   EXPECT_EQ(ZEL::findHatchPattern(L""), nullptr);
-}
-
-TEST(ZelHatchPatternTable, GravelEdgesRepeatOnTheirCell) {
-  // Each gravel edge is a family whose lines and dashes repeat on a 25.4 mm cell: the dash
-  // sequence is as long as the edge's whole-cell direction vector.
-  const ZelHatchPattern* gravel = ZEL::findHatchPattern(L"GRAVEL");
-  ASSERT_NE(gravel, nullptr);
-  ASSERT_GT(gravel->lines.size(), 20u);
-  for (const ZelPatternLine& f : gravel->lines) {
-    // Area of one repeat of the family: its line distance × its period = one cell.
-    EXPECT_NEAR(std::fabs(f.dy) * f.period(), 25.4 * 25.4, 1e-6);
-    ASSERT_EQ(f.dashes.size(), 2u);
-    EXPECT_GT(f.dashes[0], 0.0);
-    EXPECT_LT(f.dashes[0], 25.4 * 0.3);
-  }
-}
-
-TEST(ZelHatchPatternTable, StandardListHasNamesAndDescriptions) {
-  const auto list = ZEL::standardHatchPatterns();
-  ASSERT_EQ(list.size(), ZEL::hatchPatternTable().size());
-  EXPECT_EQ(list.front(), (std::pair<CZelString, CZelString>(L"SOLID", L"Solid fill")));
 }

@@ -39,13 +39,6 @@ TEST(ZelNormTree, FamiliesAreDinIsoEnInThatOrder)
     EXPECT_EQ(ZEL::norm_types(), (std::vector<std::string>{"DIN", "ISO", "EN"}));
 }
 
-TEST(ZelNormTree, TheRootHoldsTheTwoDomains)
-{
-    EXPECT_EQ(ZEL::norm_dir({}), (std::vector<std::string>{"BAR", "PIECE"}));
-    EXPECT_EQ(ZEL::norm_dir({"PIECE"}), (std::vector<std::string>{"SCREW", "NUT", "WASHER"}));
-    EXPECT_EQ(ZEL::norm_dir({"BAR"}), (std::vector<std::string>{"SECTION"}));
-}
-
 TEST(ZelNormTree, ChildrenOfAGroupAreItsStandardsInCatalogueOrder)
 {
     EXPECT_EQ(ZEL::norm_dir({"PIECE", "SCREW", "HEX"}), (std::vector<std::string>{"ISO4014", "ISO4017", "DIN933"}));
@@ -54,15 +47,6 @@ TEST(ZelNormTree, ChildrenOfAGroupAreItsStandardsInCatalogueOrder)
     // A standard has no tree children: its sizes are not tree nodes.
     EXPECT_TRUE(ZEL::norm_dir(kIso4017).empty());
     EXPECT_TRUE(ZEL::norm_dir({"PIECE", "BOLT"}).empty());
-}
-
-TEST(ZelNormTree, NodeTypesNameStandardsAndInnerNodes)
-{
-    EXPECT_EQ(ZEL::norm_get(kIso4017, "TYPE"), "NORM");
-    EXPECT_EQ(ZEL::norm_get({"BAR", "SECTION", "I-BEAM", "IPE"}, "TYPE"), "NORM");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW"}, "TYPE"), "CATEGORY");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "HEX"}, "TYPE"), "GROUP");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "HEX", "ISO9999"}, "TYPE"), std::nullopt);
 }
 
 TEST(ZelNormTree, StandardPropertiesComeFromItsRow)
@@ -141,14 +125,6 @@ TEST(ZelNormLengths, TheSeriesIsCutToEachSizesRange)
     ASSERT_FALSE(socket.empty());
     EXPECT_EQ(socket.front(), 16);
     EXPECT_EQ(socket.back(), 100);
-}
-
-TEST(ZelNormLengths, PartsWithoutASeriesHaveNoStandardLengths)
-{
-    EXPECT_TRUE(ZEL::norm_len_lst({"PIECE", "NUT", "HEX", "ISO4032", "M8"}, "", "").empty());
-    EXPECT_TRUE(ZEL::norm_len_lst({"BAR", "SECTION", "I-BEAM", "IPE", "IPE200"}, "", "").empty());
-    EXPECT_TRUE(ZEL::norm_len_lst(with(kIso4017, "M99"), "", "").empty());
-    EXPECT_TRUE(ZEL::norm_len_lst({}, "", "").empty());
 }
 
 TEST(ZelNormMaterials, MaterialsFollowTheStandardsAndCategories)
