@@ -32,12 +32,6 @@ void CAccessorySizeTab::addLangRsc() {
   langRsc(IDC_ARTICLE, L"QEN_DCL_HLBZ_010", L"Artikel...");
 }
 
-CZelDataKey CAccessorySizeTab::sectionKey(const wchar_t* name) const {
-  CZelDataKey k;
-  k.set(5005, m_frame.section, 5005, name, 0);
-  return k;
-}
-
 BOOL CAccessorySizeTab::OnInitDialog() {
   CQenAccessoryPage::OnInitDialog();
   setHelp(m_frame.helpTopic);

@@ -56,7 +56,6 @@ protected:
 
   // A value of the section; `fallback` when missing or not a number.
   double real(const wchar_t* key, double fallback) const;
-  CZelDataKey sectionKey(const wchar_t* name) const;
   // After a change: the tab from the store, then the main dialog and its preview.
   void changed();
 

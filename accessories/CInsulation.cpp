@@ -18,11 +18,6 @@ namespace {
 
 const wchar_t* const kSection = L"*HZ_DM*";
 
-CZelDataKey key2(const wchar_t* section, const wchar_t* name) {
-  CZelDataKey k;
-  k.set(5005, section, 5005, name, 0);
-  return k;
-}
 
 }  // namespace
 
@@ -77,13 +72,13 @@ bool CInsulation::insideAnotherDialog(const CZelDlg& dialog, const qenDlgEnv_st&
 
 double CInsulation::real(const wchar_t* key) const {
   double value = 0.0;
-  if (CZelDataItem* item = ZEL::cfg_get(key2(kSection, key))) item->get(value);
+  if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return std::isfinite(value) ? value : 0.0;
 }
 
 CZelString CInsulation::text(const wchar_t* key) const {
   CZelString value;
-  if (CZelDataItem* item = ZEL::cfg_get(key2(kSection, key))) item->get(value);
+  if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return value;
 }
 
@@ -93,10 +88,10 @@ void CInsulation::setReal(const wchar_t* key, double value) {
   ZEL::dataItemSet(sectionItem(), &k, value);
 }
 
-bool CInsulation::isEdit() const { return ZEL::cfg_get(key2(kSection, L"ORIG")) != nullptr; }
+bool CInsulation::isEdit() const { return ZEL::cfg_get(sectionKey(L"ORIG")) != nullptr; }
 
 bool CInsulation::hasOrigValue() const {
-  CZelDataItem* item = ZEL::cfg_get(key2(kSection, L"ORIG"));
+  CZelDataItem* item = ZEL::cfg_get(sectionKey(L"ORIG"));
   if (!item) return false;
   // The host marks an edit with the object's name; a real, an integer or a text count as well.
   double real = 0.0;
@@ -146,7 +141,7 @@ void CInsulation::refresh() {
   if (item) item->get(material, &matKey);
   CZelString label = m_matMgr.matLabel(material, m_env.country.c_str());
   SetDlgItemText(IDC_INSUL_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
-  ZEL::cfg_set(key2(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
 
   CZelString article;
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);

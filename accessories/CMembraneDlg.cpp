@@ -11,11 +11,6 @@ namespace {
 
 const wchar_t* const kSection = L"*HZ_FOLIE*";
 
-CZelDataKey key2(const wchar_t* name) {
-  CZelDataKey k;
-  k.set(5005, kSection, 5005, name, 0);
-  return k;
-}
 
 // Only "Schraffur" draws a hatch, so only then has the hatch assignment something to set.
 constexpr QenReprRadio kRadios[] = {
@@ -45,8 +40,8 @@ const QenDialogRegistration kRegistration(QenEntry::Membrane, [](CWnd* parent) {
 // The tab is constructed before the frame uses it: the frame keeps only a reference.
 CMembraneDlg::CMembraneDlg(CWnd* parent) : CQenAccessoryDlg(IDD_MEMBRANE, kFrame, m_membrane, parent) {}
 
-bool CMembraneDlg::isLayer() { return ZEL::cfg_get(key2(L"SN")) != nullptr; }
-bool CMembraneDlg::isEdit() { return ZEL::cfg_get(key2(L"ORIG")) != nullptr; }
+bool CMembraneDlg::isLayer() { return ZEL::cfg_get(CZelDataKey::twoPart(kSection, L"SN")) != nullptr; }
+bool CMembraneDlg::isEdit() { return ZEL::cfg_get(CZelDataKey::twoPart(kSection, L"ORIG")) != nullptr; }
 
 void CMembraneDlg::addLangRsc() {
   CQenAccessoryDlg::addLangRsc();
@@ -76,7 +71,7 @@ BOOL CMembraneDlg::OnInitDialog() {
 void CMembraneDlg::refreshMain() {
   CQenAccessoryDlg::refreshMain();
   CZelString cons;
-  if (CZelDataItem* item = ZEL::cfg_get(key2(L"CONS"))) item->get(cons);
+  if (CZelDataItem* item = ZEL::cfg_get(CZelDataKey::twoPart(kSection, L"CONS"))) item->get(cons);
   const bool edit = isEdit();
   for (const Construction& c : kConstructions) {
     CheckDlgButton(c.id, cons == c.value ? BST_CHECKED : BST_UNCHECKED);
@@ -97,7 +92,7 @@ bool CMembraneDlg::representationClicked(UINT id) {
   return false;
 }
 
-void CMembraneDlg::removeLayerMarker() { ZEL::cfg_remove(key2(L"SN")); }
+void CMembraneDlg::removeLayerMarker() { ZEL::cfg_remove(CZelDataKey::twoPart(kSection, L"SN")); }
 
 void CMembraneDlg::OnOK() {
   removeLayerMarker();

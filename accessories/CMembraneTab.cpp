@@ -19,11 +19,6 @@ namespace {
 
 const wchar_t* const kSection = L"*HZ_FOLIE*";
 
-CZelDataKey key2(const wchar_t* section, const wchar_t* name) {
-  CZelDataKey k;
-  k.set(5005, section, 5005, name, 0);
-  return k;
-}
 
 }  // namespace
 
@@ -66,7 +61,7 @@ BOOL CMembraneTab::OnInitDialog() {
 
 double CMembraneTab::real(const wchar_t* key) const {
   double value = 0.0;
-  if (CZelDataItem* item = ZEL::cfg_get(key2(kSection, key))) item->get(value);
+  if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return value;
 }
 
@@ -80,7 +75,7 @@ void CMembraneTab::refresh() {
     item->get(material, &matKey);
     item->get(draw, &drawKey);
   }
-  ZEL::cfg_set(key2(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
   m_thickness.setVal(real(L"D"));
   m_radius.setVal(real(L"R"));
   m_division.setVal(real(L"T"));
@@ -89,7 +84,7 @@ void CMembraneTab::refresh() {
   SetDlgItemText(IDC_MEMBRANE_MATERIAL_TEXT, m_matMgr.matLabel(material, L"-1").c_str());
 
   // A layer of a build-up lies flat on its neighbours: it has no throat.
-  if (ZEL::cfg_get(key2(kSection, L"SN"))) {
+  if (ZEL::cfg_get(sectionKey(L"SN"))) {
     SetWindowText(GetMsg(L"HZ169", L"Schicht"));
     m_radius.EnableWindow(FALSE);
     m_radius.SetWindowText(L"");

@@ -16,11 +16,6 @@ namespace {
 
 const wchar_t* const kSection = L"*HZ_SILIKON*";
 
-CZelDataKey key2(const wchar_t* section, const wchar_t* name) {
-  CZelDataKey k;
-  k.set(5005, section, 5005, name, 0);
-  return k;
-}
 
 // "ORIG" names the joint being edited: true, or the drawing object itself. A "nil" (or
 // anything else) is an edit that has no joint to show.
@@ -78,13 +73,13 @@ void CSiliconDlg::refresh() {
     item->get(w, &wKey);
     item->get(cons, &consKey);
   }
-  ZEL::cfg_set(key2(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
 
   CZelString article;
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);
   storeArticle(article, ArticleTo::SectionOnly);
 
-  const bool given = ZEL::cfg_get(key2(L"QEN_MENU", L"SILIKON")) != nullptr;
+  const bool given = ZEL::cfg_get(CZelDataKey::twoPart(L"QEN_MENU", L"SILIKON")) != nullptr;
   CheckDlgButton(IDC_SILICONE_SCREEN, given ? BST_UNCHECKED : BST_CHECKED);
   m_width.EnableWindow(given);
   if (given) m_width.setVal(b);
@@ -98,7 +93,7 @@ void CSiliconDlg::refresh() {
   m_tools.disableWhenEditing(kSection, this, IDC_SILICONE_SCREEN);
   m_tools.setCoordFlag(kSection, this, IDC_SILICONE_SCREEN);
 
-  CZelDataItem* orig = ZEL::cfg_get(key2(kSection, L"ORIG"));
+  CZelDataItem* orig = ZEL::cfg_get(sectionKey(L"ORIG"));
   if (origTrue(orig)) {
     GetDlgItem(IDC_SILICONE_SCREEN)->EnableWindow(FALSE);
     // The joint being edited keeps its outline with it.
@@ -147,7 +142,7 @@ void CSiliconDlg::onScreen() {
     CZelDataKey silikon(L"SILIKON");
     if (menu) ZEL::dataItemSet(menu->get(nullptr, true), &silikon, 1);
   } else {
-    ZEL::cfg_remove(key2(L"QEN_MENU", L"SILIKON"));
+    ZEL::cfg_remove(CZelDataKey::twoPart(L"QEN_MENU", L"SILIKON"));
   }
   refresh();
 }

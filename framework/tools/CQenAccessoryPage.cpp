@@ -80,13 +80,6 @@ void CQenAccessoryPage::storeArticle(const CZelString& article, ArticleTo to) {
   if (to == ArticleTo::SectionAndPageItem && m_pageItem) ZEL::dataItemSet(m_pageItem, &order, article);
 }
 
-namespace {
-CZelDataKey inSection(const CZelString& section, const wchar_t* key) {
-  CZelDataKey k;
-  k.set(5005, section.c_str(), 5005, key, 0);
-  return k;
-}
-}  // namespace
 
 void CQenAccessoryPage::setHelp(const wchar_t* topic) {
   SetHelpTopic(topic);
@@ -97,7 +90,7 @@ void CQenAccessoryPage::setHelp(const wchar_t* topic) {
 
 Zel::lUnit CQenAccessoryPage::lengthUnit() const {
   int stored = 0;
-  CZelDataItem* unit = ZEL::cfg_get(inSection(m_env.sectionName, L"INSUNIT"));
+  CZelDataItem* unit = ZEL::cfg_get(sectionKey(L"INSUNIT"));
   return unit && unit->get(stored) ? static_cast<Zel::lUnit>(stored) : m_env.unit;
 }
 
@@ -117,12 +110,12 @@ void CQenAccessoryPage::setUpField(CZelEdit& edit, int id, int type, int flags, 
 
 double CQenAccessoryPage::sectionReal(const wchar_t* key, double fallback) const {
   double value = fallback;
-  if (CZelDataItem* item = ZEL::cfg_get(inSection(m_env.sectionName, key))) item->get(value);
+  if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return value;
 }
 
 CZelString CQenAccessoryPage::sectionText(const wchar_t* key) const {
   CZelString value;
-  if (CZelDataItem* item = ZEL::cfg_get(inSection(m_env.sectionName, key))) item->get(value);
+  if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return value;
 }

@@ -40,6 +40,8 @@ protected:
   // unit (lengths) with the edit flags; no limits beyond the flags.
   void setUpField(CZelEdit& edit, int id, int type, int flags, Zel::lUnit unit,
                   CZelEdit::Check check = CZelEdit::Check::OnLeave);
+  // The key of a value of the page's section.
+  CZelDataKey sectionKey(const wchar_t* name) const { return CZelDataKey::twoPart(m_env.sectionName, name); }
   // A real of the section (the fallback when missing or of another type).
   double sectionReal(const wchar_t* key, double fallback = 0.0) const;
   // A text of the section (empty when missing).

@@ -39,13 +39,7 @@ constexpr TypeSection kTypes[] = {
 };
 // clang-format on
 
-CZelDataKey twoPart(const CZelString& section, const wchar_t* key) {
-  CZelDataKey k;
-  k.set(5005, section.c_str(), 5005, key, 0);
-  return k;
-}
-
-bool hasOrig(const CZelString& section) { return !section.isEmpty() && ZEL::cfg_get(twoPart(section, L"ORIG")) != nullptr; }
+bool hasOrig(const CZelString& section) { return !section.isEmpty() && ZEL::cfg_get(CZelDataKey::twoPart(section, L"ORIG")) != nullptr; }
 
 CZelString textOf(const CZelDataItem* item, const wchar_t* key) {
   CZelString value;
@@ -314,7 +308,7 @@ void CSheetTabTools::resetType(const CZelString& type) {
   if (section.isEmpty() || type == L"NM") return;
   // A membrane that is a layer of a build-up stays one, and such a layer has no throat
   // radius or division.
-  const bool layer = type == L"FOLIE" && ZEL::cfg_get(twoPart(section, L"SN")) != nullptr;
+  const bool layer = type == L"FOLIE" && ZEL::cfg_get(CZelDataKey::twoPart(section, L"SN")) != nullptr;
   ZEL::cfg_remove(CZelDataKey(section));
   ZEL::objTypeInit(type);
   if (!layer) return;

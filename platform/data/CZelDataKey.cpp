@@ -127,3 +127,9 @@ bool operator==(const CZelDataKey& a, const CZelDataKey& b) {
   }
   return x == nullptr && y == nullptr;
 }
+
+CZelDataKey CZelDataKey::twoPart(const CZelString& first, const CZelString& second) {
+  CZelDataKey k;
+  k.set(5005, first.c_str(), 5005, second.c_str(), 0);
+  return k;
+}

@@ -24,6 +24,8 @@ public:
   void set(const CZelArrayTempl<CZelString>& parts);
   // A key from a backslash path: "*HZ_KLOTZ*\MODE"; a part "#62" is the short part 62.
   static CZelDataKey fromPath(const CZelString& path);
+  // A key of two string parts: (section, name), the usual address of a value.
+  static CZelDataKey twoPart(const CZelString& first, const CZelString& second);
   CZelString toPath() const;
 
   int type() const { return m_type; }
