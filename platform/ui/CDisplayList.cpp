@@ -56,17 +56,6 @@ void CDisplayList::addFill(const CZelVertexArray& outline, CZelColor color) {
   m_items.push_back(std::move(item));
 }
 
-void CDisplayList::addHatch(const CZelVertexArray& outline, double angle, double spacing, CZelColor color) {
-  Item item;
-  item.kind = Kind::Hatch;
-  item.color = color;
-  item.points = outline;
-  item.closed = true;
-  item.hatchAngle = angle;
-  item.hatchSpacing = spacing;
-  m_items.push_back(std::move(item));
-}
-
 void CDisplayList::addSegments(CZelVertexArray endpoints, CZelColor color) {
   Item item;
   item.kind = Kind::Segments;

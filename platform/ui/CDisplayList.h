@@ -18,7 +18,7 @@ struct CDisplayExtents {
 
 class CDisplayList {
 public:
-  enum class Kind { Line, Arc, Polyline, Fill, Hatch, Segments };
+  enum class Kind { Line, Arc, Polyline, Fill, Segments };
   struct Item {
     Kind kind = Kind::Line;
     CZelColor color;
@@ -26,7 +26,6 @@ public:
     bool closed = false;     // polylines
     double cx = 0.0, cy = 0.0, radius = 0.0;       // arcs
     double startAngle = 0.0, endAngle = 0.0;      // arcs, radians, counter-clockwise
-    double hatchAngle = 0.0, hatchSpacing = 0.0;  // hatches: parallel lines; spacing in drawing units
     friend bool operator==(const Item&, const Item&) = default;
   };
 
@@ -35,7 +34,6 @@ public:
   void addArc(double cx, double cy, double radius, double startAngle, double endAngle, CZelColor color);
   void addPolyline(const CZelVertexArray& points, bool closed, CZelColor color);
   void addFill(const CZelVertexArray& outline, CZelColor color);
-  void addHatch(const CZelVertexArray& outline, double angle, double spacing, CZelColor color);
   // Separate straight segments, the end points in pairs (a dot is a pair of equal points); one
   // item however many, so that a hatch of thousands of dashes stays one item to paint.
   void addSegments(CZelVertexArray endpoints, CZelColor color);

@@ -23,7 +23,7 @@ CZelString describe(const CDisplayList& list) {
   using Kind = CDisplayList::Kind;
   static constexpr std::pair<Kind, const wchar_t*> kNames[] = {{Kind::Line, L"lines"},   {Kind::Arc, L"arcs"},
                                                                {Kind::Polyline, L"polylines"}, {Kind::Fill, L"fills"},
-                                                               {Kind::Hatch, L"hatches"},  {Kind::Segments, L"hatches"}};
+                                                               {Kind::Segments, L"hatches"}};
   constexpr int kCount = static_cast<int>(std::size(kNames));
   int counts[kCount] = {};
   const wchar_t* names[kCount] = {};

@@ -60,23 +60,6 @@ TEST_F(CWxPreviewPainterTest, YGoesUpAsInTheDrawing) {
   EXPECT_EQ(at(img, 50, 70), wxColour(0, 0, 255));
 }
 
-TEST_F(CWxPreviewPainterTest, HatchLinesStayInsideTheirOutline) {
-  CDisplayList list;
-  list.addPolyline(square(0, 0, 100), true, CZelColor::fromIndex(7));
-  list.addHatch(square(25, 25, 50), 0.785398, 5.0, CZelColor::fromIndex(1));
-  wxImage img = paint(list, 200, 200);
-  int redInside = 0, redOutside = 0;
-  for (int y = 0; y < 200; ++y)
-    for (int x = 0; x < 200; ++x) {
-      if (at(img, x, y) != wxColour(255, 0, 0)) continue;
-      bool inside = x >= 54 && x <= 146 && y >= 54 && y <= 146;  // the hatched square and its outline
-      (inside ? redInside : redOutside)++;
-    }
-  EXPECT_GT(redInside, 200);
-  EXPECT_EQ(redOutside, 0);
-  EXPECT_EQ(at(img, 10, 100), wxColour(0, 0, 0)) << "colour 7 is black on white";
-}
-
 TEST_F(CWxPreviewPainterTest, PatternDashesAndDotsArePaintedInsideTheirOutline) {
   CDisplayList list;
   list.addPolyline(square(0, 0, 100), true, CZelColor::fromIndex(7));

@@ -119,41 +119,6 @@ std::vector<wxPoint> CWxPreviewPainter::outline(const CZelVertexArray& points, b
   return out;
 }
 
-void CWxPreviewPainter::paintHatch(wxDC& dc, const CDisplayList::Item& item) const {
-  std::vector<wxPoint> poly = outline(item.points, true);
-  if (poly.size() < 3) return;
-  // Hatch lines at least three pixels apart, however small the drawing is zoomed; each line
-  // is cut where it crosses the outline and drawn between the crossings (even-odd).
-  double spacing = std::max(3.0, item.hatchSpacing > 0 ? item.hatchSpacing * m_scale : 6.0);
-  double ux = std::cos(item.hatchAngle), uy = -std::sin(item.hatchAngle);  // pixels: y downwards
-  double nx = -uy, ny = ux;
-  double lo = 1e300, hi = -1e300;
-  for (const wxPoint& p : poly) {
-    double d = p.x * nx + p.y * ny;
-    lo = std::min(lo, d);
-    hi = std::max(hi, d);
-  }
-  for (double d = lo + spacing / 2; d < hi; d += spacing) {
-    // The line {q : q.n = d}, walked along u from the point d * n.
-    double px = nx * d, py = ny * d;
-    std::vector<double> cuts;
-    for (std::size_t i = 0; i < poly.size(); ++i) {
-      const wxPoint& a = poly[i];
-      const wxPoint& b = poly[(i + 1) % poly.size()];
-      double da = a.x * nx + a.y * ny - d, db = b.x * nx + b.y * ny - d;
-      if ((da < 0) == (db < 0)) continue;
-      double t = da / (da - db);
-      double cx = a.x + t * (b.x - a.x), cy = a.y + t * (b.y - a.y);
-      cuts.push_back((cx - px) * ux + (cy - py) * uy);
-    }
-    std::sort(cuts.begin(), cuts.end());
-    for (std::size_t i = 0; i + 1 < cuts.size(); i += 2)
-      dc.DrawLine(static_cast<int>(std::lround(px + ux * cuts[i])), static_cast<int>(std::lround(py + uy * cuts[i])),
-                  static_cast<int>(std::lround(px + ux * cuts[i + 1])), static_cast<int>(std::lround(py + uy * cuts[i + 1])));
-  }
-  dc.DrawPolygon(static_cast<int>(poly.size()), poly.data());
-}
-
 void CWxPreviewPainter::paintSegments(wxDC& dc, const CDisplayList::Item& item) const {
   const int n = item.points.count();
   for (int i = 0; i + 1 < n; i += 2) {
@@ -202,7 +167,6 @@ void CWxPreviewPainter::paint(wxDC& dc) const {
         if (px.size() >= 3) dc.DrawPolygon(static_cast<int>(px.size()), px.data());
         break;
       }
-      case CDisplayList::Kind::Hatch: paintHatch(dc, item); break;
       case CDisplayList::Kind::Segments: paintSegments(dc, item); break;
     }
   }

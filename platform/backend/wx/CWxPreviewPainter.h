@@ -29,7 +29,6 @@ public:
 private:
   // The outline as pixel points, bulged segments as short chords.
   std::vector<wxPoint> outline(const CZelVertexArray& points, bool closed) const;
-  void paintHatch(wxDC& dc, const CDisplayList::Item& item) const;
   void paintSegments(wxDC& dc, const CDisplayList::Item& item) const;
 
   const CDisplayList& m_list;
