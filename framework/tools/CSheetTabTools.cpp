@@ -75,29 +75,21 @@ void CSheetTabTools::refreshPreview(ZEL::CDtaFilePointer* section, CZelGDX* gdx,
   data->mkDir();
   const CZelString type = textOf(data.get(), L"TYPE");
 
-  // Objects whose outline is computed rather than stored get it now.
-  CZelDataKey vll(L"VLL"), vl(L"VL");
-  if (!data->find(&vll) && (type == L"DM" || type == L"DIN")) zel_obj_vl_compl(data.get());
-  if (!data->find(&vl)) {
-    if (type == L"DIN" || type == L"FOLIE") {
-      zel_obj_vl_compl(data.get());
-    } else if (type == L"SILIKON") {
-      int count = 0;
-      CZelVertexArray outline;
-      if (ZEL::seal_vl(data.get(), count, outline)) data->put(&vl, ZEL::mkResbuf(outline));
-    } else if (type == L"BLECH") {
-      zel_obj_vl_compl(data.get());
-      CZelVertexArray open;
-      CZelDataItem* stored = ZEL::cfg_get(CZelDataKey(L"VL"));
-      if (stored && stored->get(open) && !open.isEmpty()) return;
-    }
+  // Generating the object completes its outlines ("VL", and "VLL" of the insulation) for
+  // every type; only a sheet with an open outline under the store's "VL" is not drawn.
+  CZelDataKey vl(L"VL");
+  if (type == L"BLECH" && !data->find(&vl)) {
+    CZelVertexArray open;
+    CZelDataItem* stored = ZEL::cfg_get(CZelDataKey(L"VL"));
+    if (stored && stored->get(open) && !open.isEmpty()) return;
   }
 
-  ZEL::objGen(data.get(), 0);
+  ZEL::geo::Shape shape;
+  ZEL::objGen(data.get(), 0, &shape);
   gdx->clear();
   gdx->setBackground(ZEL::zelAppPtr()->backgroundColor());
   const bool editing = hasOrig(section->name());
-  ZEL::objDraw(gdx->displayList(), data.get(), m_options.get());
+  ZEL::objDraw(gdx->displayList(), data.get(), shape, m_options.get());
   picture->set_dpList(*gdx);
 
   CZelVertexArray outline;

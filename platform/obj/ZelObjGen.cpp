@@ -7,6 +7,8 @@
 #include "obj/ZelObjTxt.h"
 #include "obj/ZelObjTypes.h"
 
+#include <utility>
+
 namespace ZEL {
 
 namespace {
@@ -54,11 +56,13 @@ void completeHatch(CZelDataItem* object) {
 
 }  // namespace
 
-bool objGen(CZelDataItem* object, int what) {
+bool objGen(CZelDataItem* object, int what, geo::Shape* generated) {
   if (!object) return false;
   object->mkDir();
   if (what & kObjGenHatch) completeHatch(object);
-  writeGeometry(object, objShape(object));
+  geo::Shape shape = objShape(object);
+  writeGeometry(object, shape);
+  if (generated) *generated = std::move(shape);
   if (what & kObjGenTexts) objGenTexts(object);
   return true;
 }

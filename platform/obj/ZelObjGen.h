@@ -5,6 +5,7 @@
 
 #include "data/CZelDataItem.h"
 #include "data/CZelVertexArray.h"
+#include "obj/geometry/ZelShape.h"
 
 namespace ZEL {
 
@@ -13,8 +14,9 @@ namespace ZEL {
 inline constexpr int kObjGenHatch = 1;
 inline constexpr int kObjGenTexts = 2;
 
-// False for no object.
-bool objGen(CZelDataItem* object, int what);
+// False for no object. `generated`, when given, receives the shape the geometry was made
+// from, so that a caller drawing the object need not make it again.
+bool objGen(CZelDataItem* object, int what, geo::Shape* generated = nullptr);
 
 // The outline of a silicone joint as its shape gives it; false when the joint has none.
 bool seal_vl(const CZelDataItem* item, int& count, CZelVertexArray& vertices);
