@@ -122,12 +122,13 @@ void CAdminTab::OnSave() {
     copy->remove(&active);
     if (m_pageItem) m_pageItem->mkDir()->insert(L"GEN", copy.get(), true);
   }
-  if (obj_save(m_env.objectType)) refresh();
+  const bool saved = obj_save(m_env.objectType);
   if (CZelDataItem* item = currentObjectData()) {
     m_pageItem = item;
     if (CWnd* dlg = owner()) dlg->SendMessage(qen::WM_QEN_OBJECT, 0, reinterpret_cast<LPARAM>(item));
-    refresh();
   }
+  // One refresh shows both the saved object's name and the object now current.
+  if (saved || m_pageItem) refresh();
 }
 
 void CAdminTab::OnPick() {
@@ -140,9 +141,9 @@ void CAdminTab::OnAsPreset() {
   m_buttonTools.saveTypeAsPreset(m_env.objectType);
   if (CWnd* dlg = owner()) {
     dlg->SendMessage(qen::WM_QEN_REFRESH_PAGE);
+    // The owner refreshes this tab too: it is the current one.
     dlg->SendMessage(qen::WM_QEN_REFRESH);
   }
-  refresh();
 }
 
 void CAdminTab::OnRemovePreset() {
@@ -151,8 +152,8 @@ void CAdminTab::OnRemovePreset() {
                             GetMsg(L"QEN_ELEM_049", L"Voreinstellungen entfernt");
     MessageBoxW(text.c_str(), L"QENORA", 0);
   }
+  // The owner refreshes this tab too: it is the current one.
   if (CWnd* dlg = owner()) dlg->SendMessage(qen::WM_QEN_REFRESH);
-  refresh();
 }
 
 void CAdminTab::OnReset() {
