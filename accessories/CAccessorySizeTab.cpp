@@ -69,12 +69,7 @@ void CAccessorySizeTab::refresh() {
   storeArticle(article);
   SetDlgItemText(IDC_ARTICLE_TEXT, article.c_str());
 
-  // A material the catalogue does not know is shown by its name.
-  const CZelString label = m_matMgr.matLabel(material, L"-1");
-  SetDlgItemText(IDC_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
-  CZelDataKey treeKey;
-  treeKey.set(5005, L"*MAT_TREE_PARM*", 5005, L"MAT", 0);
-  ZEL::cfg_set(treeKey, ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  showMaterial(IDC_MATERIAL_TEXT, material);
 
   refreshShape(b, h);
 

@@ -73,5 +73,4 @@ private:
   void onMaterial();
   void onArticle();
 
-  CZelMatMgr m_matMgr;
 };

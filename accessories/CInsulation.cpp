@@ -139,9 +139,7 @@ void CInsulation::refresh() {
   CZelString material;
   CZelDataKey matKey(L"MAT");
   if (item) item->get(material, &matKey);
-  CZelString label = m_matMgr.matLabel(material, m_env.country.c_str());
-  SetDlgItemText(IDC_INSUL_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
-  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
+  showMaterial(IDC_INSUL_MATERIAL_TEXT, material);
 
   CZelString article;
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);

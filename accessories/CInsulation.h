@@ -46,7 +46,6 @@ private:
   // Whether the section holds an ORIG value (a real, an integer or a text).
   bool hasOrigValue() const;
 
-  CZelMatMgr m_matMgr;
   CSheetTabTools m_tools;
   CZelEdit m_thickness;
   CZelEdit m_start;

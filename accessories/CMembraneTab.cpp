@@ -75,13 +75,12 @@ void CMembraneTab::refresh() {
     item->get(material, &matKey);
     item->get(draw, &drawKey);
   }
-  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
   m_thickness.setVal(real(L"D"));
   m_radius.setVal(real(L"R"));
   m_division.setVal(real(L"T"));
   for (CZelEdit* edit : {&m_thickness, &m_radius, &m_division}) edit->EnableWindow(TRUE);
 
-  SetDlgItemText(IDC_MEMBRANE_MATERIAL_TEXT, m_matMgr.matLabel(material, L"-1").c_str());
+  showMaterial(IDC_MEMBRANE_MATERIAL_TEXT, material);
 
   // A layer of a build-up lies flat on its neighbours: it has no throat.
   if (ZEL::cfg_get(sectionKey(L"SN"))) {

@@ -28,7 +28,6 @@ private:
   void onArticle();
   double real(const wchar_t* key) const;
 
-  CZelMatMgr m_matMgr;
   CSheetTabTools m_tools;
   CZelEdit m_thickness;
   CZelEdit m_radius;

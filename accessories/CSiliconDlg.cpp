@@ -73,7 +73,6 @@ void CSiliconDlg::refresh() {
     item->get(w, &wKey);
     item->get(cons, &consKey);
   }
-  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
 
   CZelString article;
   ZEL::obj_order_get(ZEL::objKey(item, 4), article);
@@ -107,9 +106,7 @@ void CSiliconDlg::refresh() {
     m_angle.EnableWindow(FALSE);
   }
 
-  // A material the catalogue does not know is shown by its name.
-  const CZelString label = m_matMgr.matLabel(material, m_env.country.c_str());
-  SetDlgItemText(IDC_SILICONE_MATERIAL_TEXT, (label.isEmpty() ? material : label).c_str());
+  showMaterial(IDC_SILICONE_MATERIAL_TEXT, material);
   SetDlgItemText(IDC_SILICONE_ARTICLE_TEXT, article.c_str());
 
   if (!m_env.object.isNull()) {

@@ -31,7 +31,6 @@ private:
   void changed();
 
   CSheetTabTools m_tools;
-  CZelMatMgr m_matMgr;
   CZelEdit m_width;
   CZelEdit m_angle;
 };

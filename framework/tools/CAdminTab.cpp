@@ -94,9 +94,8 @@ void CAdminTab::refresh() {
     SetDlgItemText(IDC_ADMIN_FOLDER, folder.c_str());
     SetDlgItemText(IDC_ADMIN_DESIGNATION, ZEL::obj_label(stored, country().c_str()).c_str());
     CZelString article;
-    CZelDataKey order;
-    order.set(5005, section().c_str(), 5005, L"ORDER", 0);
-    if (CZelDataItem* item = section().isEmpty() ? nullptr : ZEL::cfg_get(order)) item->get(article);
+    if (CZelDataItem* item = section().isEmpty() ? nullptr : ZEL::cfg_get(CZelDataKey::twoPart(section(), L"ORDER")))
+      item->get(article);
     SetDlgItemText(IDC_ADMIN_ARTICLE, article.c_str());
   }
 

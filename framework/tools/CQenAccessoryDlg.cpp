@@ -97,8 +97,7 @@ BOOL CQenAccessoryDlg::OnInitDialog() {
   m_tabs.InsertItem(kTabAdmin, GetMsg(L"QEN_DCL_BGR_073", L"Verwaltung", m_env.country.c_str()).c_str(), &m_admin,
                     IDD_ADMIN_TAB);
 
-  CZelDataKey modeKey;
-  modeKey.set(5005, m_frame.section, 5005, L"MODE", 0);
+  const CZelDataKey modeKey = CZelDataKey::twoPart(m_frame.section, L"MODE");
   CZelString mode;
   CZelDataItem* stored = ZEL::cfg_get(modeKey);
   if (!stored || !stored->get(mode)) {
@@ -114,9 +113,7 @@ BOOL CQenAccessoryDlg::OnInitDialog() {
   refreshMain();
   if (m_frame.completeTexts) m_tools.completeObjectTexts(m_frame.type, m_env);
 
-  CZelDataKey origKey;
-  origKey.set(5005, m_frame.section, 5005, L"ORIG", 0);
-  const bool sheared = ZEL::cfg_get(origKey) && ZEL::isSheared(m_frame.type);
+  const bool sheared = ZEL::cfg_get(CZelDataKey::twoPart(m_frame.section, L"ORIG")) && ZEL::isSheared(m_frame.type);
   GetDlgItem(IDC_SHEARED_ICON)->ShowWindow(sheared ? SW_SHOW : SW_HIDE);
   SetDlgItemText(IDC_SHEARED_TEXT, sheared ? GetMsg(L"QEN_MFC_OBJ_001", L"Objekt geschert").c_str() : L"");
   GetDlgItem(IDC_SHEARED_TEXT)->ShowWindow(sheared ? SW_SHOW : SW_HIDE);
@@ -163,9 +160,7 @@ void CQenAccessoryDlg::refreshPages(bool adminOnlyWhenCurrent) {
 
 void CQenAccessoryDlg::OnTabChanged(NMHDR*, LRESULT*) {
   const int tab = m_tabs.GetCurSel();
-  CZelDataKey modeKey;
-  modeKey.set(5005, m_frame.section, 5005, L"MODE", 0);
-  ZEL::cfg_set(modeKey, ZEL::mkDataItem(ZEL::mkResbuf(tab == kTabAdmin ? L"ADMIN" : L"MAIN")), true);
+  ZEL::cfg_set(CZelDataKey::twoPart(m_frame.section, L"MODE"), ZEL::mkDataItem(ZEL::mkResbuf(tab == kTabAdmin ? L"ADMIN" : L"MAIN")), true);
   if (tab == kTabAdmin) m_admin.refresh();
   else m_page.refresh();
 }

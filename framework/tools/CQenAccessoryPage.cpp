@@ -71,9 +71,7 @@ bool CQenAccessoryPage::chooseArticle(CZelString& article) {
 void CQenAccessoryPage::storeArticle(const CZelString& article, ArticleTo to) {
   CZelDataKey order(L"ORDER");
   if (article.isEmpty()) {
-    CZelDataKey stored;
-    stored.set(5005, m_env.sectionName.c_str(), 5005, L"ORDER", 0);
-    ZEL::cfg_remove(stored);
+    ZEL::cfg_remove(sectionKey(L"ORDER"));
   } else {
     ZEL::dataItemSet(sectionItem(), &order, article);
   }
@@ -118,4 +116,10 @@ CZelString CQenAccessoryPage::sectionText(const wchar_t* key) const {
   CZelString value;
   if (CZelDataItem* item = ZEL::cfg_get(sectionKey(key))) item->get(value);
   return value;
+}
+
+void CQenAccessoryPage::showMaterial(int textId, const CZelString& material) {
+  const CZelString label = CZelMatMgr().matLabel(material, country());
+  SetDlgItemText(textId, (label.isEmpty() ? material : label).c_str());
+  ZEL::cfg_set(CZelDataKey::twoPart(L"*MAT_TREE_PARM*", L"MAT"), ZEL::mkDataItem(ZEL::mkResbuf(material.c_str())), true);
 }

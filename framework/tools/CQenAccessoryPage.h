@@ -5,6 +5,7 @@
 
 #include "module/CQenEntryDialog.h"
 #include "ui/CZelDlg.h"
+#include "data/CZelMatMgr.h"
 #include "ui/CZelEdit.h"
 
 class CQenAccessoryPage : public CZelDlg {
@@ -40,6 +41,9 @@ protected:
   // unit (lengths) with the edit flags; no limits beyond the flags.
   void setUpField(CZelEdit& edit, int id, int type, int flags, Zel::lUnit unit,
                   CZelEdit::Check check = CZelEdit::Check::OnLeave);
+  // Shows the material's label in a static (a material the catalogue does not know by its
+  // name) and remembers the material for the material tree.
+  void showMaterial(int textId, const CZelString& material);
   // The key of a value of the page's section.
   CZelDataKey sectionKey(const wchar_t* name) const { return CZelDataKey::twoPart(m_env.sectionName, name); }
   // A real of the section (the fallback when missing or of another type).
