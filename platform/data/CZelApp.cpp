@@ -1,9 +1,6 @@
 #include "data/CZelApp.h"
 
 #include "data/CZelDrawing.h"
-#include "data/CZelMatMgr.h"
-// The colour dialog is the host's, so the application object shows it.
-#include "ui/CZelColorDlg.h"
 
 namespace ZEL {
 
@@ -54,12 +51,7 @@ void CZelApp::layerList(CZelArrayTempl<CLayerProp>& out) const {
 
 int CZelApp::colorChoose(CZelColor& color, CWnd* parent, ZelColorChoice choice) {
   if (m_colorChooser) return m_colorChooser(color, parent);
-  CZelColorDlg dlg(color, parent, choice);
-  const auto* owner = dynamic_cast<const CZelDlg*>(parent);
-  dlg.SetCountry(owner ? owner->country() : CZelMatMgr::userCountry());
-  if (dlg.DoModal() != IDOK) return 0;
-  color = dlg.color();
-  return 1;
+  return m_colorDialog ? m_colorDialog(color, parent, choice) : 0;
 }
 
 // Colour 7 is the one that stands out from the background; as a background it is white,

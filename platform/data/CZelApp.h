@@ -44,6 +44,10 @@ public:
   // Puts another chooser in place of the dialog (none: the dialog again); for tests.
   using ColorChooser = std::function<int(CZelColor& color, CWnd* parent)>;
   void setColorChooser(ColorChooser chooser) { m_colorChooser = std::move(chooser); }
+  // The window layer installs the colour dialog itself when it is loaded, so that this
+  // object stays below the windows it serves. Without one, colorChoose answers 0.
+  using ColorDialog = std::function<int(CZelColor& color, CWnd* parent, ZelColorChoice choice)>;
+  void setColorDialog(ColorDialog dialog) { m_colorDialog = std::move(dialog); }
 
   // The layer records the host keeps besides the drawing's layers; appended to `out`.
   void layerList(CZelArrayTempl<CLayerProp>& out) const;
@@ -59,6 +63,7 @@ private:
   std::map<CZelString, LispFunction> m_functions;
   std::vector<CLayerProp> m_hostLayers;
   ColorChooser m_colorChooser;
+  ColorDialog m_colorDialog;
 };
 
 CZelApp* zelAppPtr();

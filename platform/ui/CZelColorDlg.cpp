@@ -1,5 +1,7 @@
 #include "ui/CZelColorDlg.h"
 
+#include "data/CZelApp.h"
+#include "data/CZelMatMgr.h"
 #include "data/ZelNames.h"
 #include "resources/dialogs/platform/color_ids.h"
 #include "ui/CButton.h"
@@ -187,3 +189,20 @@ void CZelColorDlg::OnOK() {
   refresh();
   CZelDlg::OnOK();
 }
+
+namespace {
+
+// The application object shows this dialog when a colour is to be chosen; it is installed
+// here, where the dialog lives, when the library is loaded.
+int showColorDialog(CZelColor& color, CWnd* parent, ZelColorChoice choice) {
+  CZelColorDlg dlg(color, parent, choice);
+  const auto* owner = dynamic_cast<const CZelDlg*>(parent);
+  dlg.SetCountry(owner ? owner->country() : CZelMatMgr::userCountry());
+  if (dlg.DoModal() != IDOK) return 0;
+  color = dlg.color();
+  return 1;
+}
+
+const bool kColorDialogInstalled = (ZEL::zelAppPtr()->setColorDialog(&showColorDialog), true);
+
+}  // namespace
