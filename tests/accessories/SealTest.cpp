@@ -1,17 +1,14 @@
 // The seal dialog through its entry function: the factory state, the preview drawn to scale
 // in the layer colours (read back from the clipboard copy of the preview's context menu),
-// and what the entry writes back when the real dialog ends.
+// and the favourite that qen-host saves and brings back.
 #include "qen_mfc.h"
 
-#include "accessories/CSeal.h"
 #include "backend/CDialogBackend.h"
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
-#include "module/CQenDialogFactory.h"
-#include "store/QenStoreAccess.h"
 #include "tests/support/DialogRun.h"
 
 #include <gtest/gtest.h>
@@ -26,29 +23,13 @@
 
 namespace {
 
-// The real seal dialog, which marks every section of its set as it opens: afterwards the
-// marks show which sections the entry wrote back.
-class MarkingSeal : public CSeal {
-public:
-  BOOL OnInitDialog() override {
-    for (auto& [name, pointer] : m_sections) {
-      CZelDataKey mark(L"MARKED");
-      if (pointer) QEN::sectionSet(pointer.get(), &mark, 1);
-    }
-    return CSeal::OnInitDialog();
-  }
-};
-
 class SealTest : public ::testing::Test {
 protected:
   void SetUp() override {
     ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
     ASSERT_TRUE(CZelDrawing::current().load(QEN_SOURCE_DIR "/tests/scripts/drawings/seals.json")) << ZEL::lastFileError();
   }
-  void TearDown() override {
-    CZelDrawing::current().reset();
-    if (m_saved) CQenDialogFactory::install(QenEntry::Seal, m_saved);
-  }
+  void TearDown() override { CZelDrawing::current().reset(); }
 
   static DialogRun runSeal(const std::string& script) {
     qenDlgEnv_st env;
@@ -62,13 +43,6 @@ protected:
     EXPECT_EQ(CDialogBackend::lastClipboardCopy().count, copies + 1);
     return CDialogBackend::lastClipboardCopy().picture;
   }
-  void useMarkingSeal() {
-    m_saved = CQenDialogFactory::install(QenEntry::Seal, [](CWnd*) { return std::unique_ptr<CQenEntryDialog>(new MarkingSeal); });
-  }
-  static bool marked(const wchar_t* section) { return ZEL::cfg_get(CZelString(section) + L"\\MARKED") != nullptr; }
-  static bool hasMode() { return ZEL::cfg_get(L"*HZ_DICHT*\\MODE") != nullptr; }
-
-  CQenDialogFactory::Maker m_saved;
 };
 
 int countOf(const CDisplayList& list, CDisplayList::Kind kind) {

@@ -1,17 +1,14 @@
-// The silicone dialog through its entry function: the preview of each construction, variant,
-// hatch, width and angle, read back by coordinates and colours from the clipboard copy of the
-// preview's context menu; an edited joint; and what the entry writes back.
+// The silicone dialog through its entry function: the preview of the factory joint, read
+// back by coordinates and colours from the clipboard copy of the preview's context menu;
+// and an edited joint.
 #include "qen_mfc.h"
 
-#include "accessories/CSilicon.h"
 #include "backend/CDialogBackend.h"
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDrawing.h"
 #include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
-#include "module/CQenDialogFactory.h"
-#include "store/QenStoreAccess.h"
 #include "tests/support/DialogRun.h"
 
 #include <gtest/gtest.h>
@@ -21,19 +18,6 @@
 
 namespace {
 
-// The real silicone dialog, which marks every section of its set as it opens: afterwards
-// the marks show which sections the entry wrote back.
-class MarkingSilicon : public CSilicon {
-public:
-  BOOL OnInitDialog() override {
-    for (auto& [name, pointer] : m_sections) {
-      CZelDataKey mark(L"MARKED");
-      if (pointer) QEN::sectionSet(pointer.get(), &mark, 1);
-    }
-    return CSilicon::OnInitDialog();
-  }
-};
-
 using Kind = CDisplayList::Kind;
 
 class SiliconeTest : public ::testing::Test {
@@ -42,10 +26,7 @@ protected:
     ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
     ASSERT_TRUE(CZelDrawing::current().load(QEN_SOURCE_DIR "/tests/scripts/drawings/seals.json")) << ZEL::lastFileError();
   }
-  void TearDown() override {
-    CZelDrawing::current().reset();
-    if (m_saved) CQenDialogFactory::install(QenEntry::Silicone, m_saved);
-  }
+  void TearDown() override { CZelDrawing::current().reset(); }
 
   static DialogRun runSilicone(const std::string& script) {
     qenDlgEnv_st env;
@@ -68,13 +49,6 @@ protected:
     EXPECT_NEAR(v.x, x, 1e-9) << what;
     EXPECT_NEAR(v.y, y, 1e-9) << what;
   }
-  static bool marked(const wchar_t* section) { return ZEL::cfg_get(CZelString(section) + L"\\MARKED") != nullptr; }
-  static bool hasMode() { return ZEL::cfg_get(L"*HZ_SILIKON*\\MODE") != nullptr; }
-  void useMarkingSilicon() {
-    m_saved = CQenDialogFactory::install(QenEntry::Silicone, [](CWnd*) { return std::unique_ptr<CQenEntryDialog>(new MarkingSilicon); });
-  }
-
-  CQenDialogFactory::Maker m_saved;
 };
 
 }  // namespace
@@ -119,29 +93,4 @@ TEST_F(SiliconeTest, AnEditedJointKeepsItsOutlineAndAnEditWithoutAJointLocksTheS
   ZEL::cfg_set(L"*HZ_SILIKON*\\ORIG", ZEL::mkDataItem(ZEL::mkRbBool(false)), true);
   r = runSilicone("expect 0/10400 disabled\nexpect 0/10389 disabled\nexpect 0/10130 disabled\ncancel\n");
   EXPECT_EQ(r.status, 0) << r.err;
-}
-
-TEST_F(SiliconeTest, OkWritesBackTheCompositeSectionAndNothingElse) {
-  useMarkingSilicon();
-  DialogRun r = runSilicone("click 10393\nok\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.result, 1);
-  EXPECT_TRUE(marked(L"*QEN_ALUCOBOND*"));
-  for (const wchar_t* s : {L"_COUNTRY", L"_COUNTRY1", L"*ZEL_MAT*"}) EXPECT_FALSE(marked(s)) << CZelString(s).toUtf8();
-  // The stored sections took the dialog's writes as they came.
-  for (const wchar_t* s : {L"*QEN_OBJ_ORDER*", L"*QEN_OBJ_PROP*", L"*ZEL_DL_LAYDET*", L"*ZEL_LAYER*", L"*HZ_SILIKON*", L"QEN_MENU"})
-    EXPECT_TRUE(marked(s)) << CZelString(s).toUtf8();
-  EXPECT_FALSE(hasMode());
-}
-
-TEST_F(SiliconeTest, CancelWritesNothingBackAndThePickCodeKeepsMode) {
-  useMarkingSilicon();
-  DialogRun r = runSilicone("tab 1\ncancel\n");
-  EXPECT_EQ(r.result, 0);
-  EXPECT_FALSE(marked(L"*QEN_ALUCOBOND*"));
-  EXPECT_FALSE(hasMode());
-  r = runSilicone("tab 1\nclick 1/10426\n");
-  EXPECT_EQ(r.result, 103);
-  EXPECT_FALSE(marked(L"*QEN_ALUCOBOND*"));
-  EXPECT_TRUE(hasMode());
 }

@@ -172,7 +172,7 @@ TEST_F(EntryFrameTest, OtherEndCodesAreReturnedUnchangedAndKeepMode) {
   }
 }
 
-TEST_F(EntryFrameTest, SiliconeInsulationAndSheetMetalWriteBackOnlyTheCompositeSection) {
+TEST_F(EntryFrameTest, SiliconeInsulationAndSheetMetalWriteBackOnlyTheCompositeSectionAndOnlyOnOk) {
   struct Case {
     QenEntry entry;
     std::function<int(qenDlgEnv_st&)> call;
@@ -191,6 +191,11 @@ TEST_F(EntryFrameTest, SiliconeInsulationAndSheetMetalWriteBackOnlyTheCompositeS
     EXPECT_TRUE(touched(L"*QEN_ALUCOBOND*")) << CZelString(c.main).toUtf8();
     EXPECT_FALSE(touched(L"_COUNTRY"));
     EXPECT_FALSE(touched(L"*ZEL_MAT*"));
+    EXPECT_FALSE(hasMode(c.main));
+    SetUp();
+    use(c.entry, touchAllAndEndWith(IDCANCEL));
+    EXPECT_EQ(c.call(env), 0);
+    EXPECT_FALSE(touched(L"*QEN_ALUCOBOND*")) << CZelString(c.main).toUtf8();
     EXPECT_FALSE(hasMode(c.main));
   }
 }
