@@ -1,6 +1,6 @@
-// The numeric field: values shown and read back metric, imperial and in degrees, bad input refused
-// with the field's own message and the last good value restored, the modified flag, Enter, and
-// the plain text field.
+// The numeric field: values shown in its unit, bad input refused with the field's own message
+// and the last good value restored, the modified flag, Enter, and the plain text field. How
+// text in each unit and format is read is CZelUnitValue's (CZelUnitValueTest).
 #include "tests/platform/ui/ZelCtlTestDlg.h"
 
 #include "data/ZelMessages.h"
@@ -53,37 +53,7 @@ TEST_F(CZelEditTest, SetValShowsTheValueInTheFieldsFormatAndUnitAndClearsTheModi
   });
 }
 
-TEST_F(CZelEditTest, AFieldShowsItsValueInTheDisplayUnitAndStoresInTheObjectsUnit) {
-  runZelCtl(dlg, [](CZelCtlTestDlg& d) {
-    d.m_length.setLUnits(6, 4);  // stored in metres, shown in millimetres
-    d.m_length.setVal(0.25);
-    EXPECT_EQ(text(d.m_length), "250 mm");
-    ASSERT_EQ(CUserAction::type(d.m_length, L"300"), "");
-    double v = 0;
-    ASSERT_TRUE(d.m_length.getVal(v));
-    EXPECT_DOUBLE_EQ(v, 0.3);
-    d.m_length.setLUnits(4, 0xFFFFFFFF);  // no display unit: the stored one is shown
-    d.m_length.setVal(12.0);
-    EXPECT_EQ(text(d.m_length), "12 mm");
-  });
-}
-
 // --- text to stored value --------------------------------------------------------------------------
-
-TEST_F(CZelEditTest, GetValReadsMetricTextInAnyUnitTheUserWrites) {
-  runZelCtl(dlg, [](CZelCtlTestDlg& d) {
-    auto read = [&](const wchar_t* typed) {
-      EXPECT_EQ(CUserAction::type(d.m_length, typed), "");
-      double v = -1;
-      EXPECT_TRUE(d.m_length.getVal(v)) << CZelString(typed).toUtf8();
-      return v;
-    };
-    EXPECT_DOUBLE_EQ(read(L"12.5"), 12.5);
-    EXPECT_DOUBLE_EQ(read(L"12,5"), 12.5);
-    EXPECT_DOUBLE_EQ(read(L" 12.5 mm "), 12.5);
-    EXPECT_DOUBLE_EQ(read(L"2 cm"), 20.0);
-  });
-}
 
 TEST_F(CZelEditTest, GetValRefusesBadTextWithoutAMessageAndLeavesTheValueAlone) {
   CBoxRecorder boxes = runZelCtl(dlg, [](CZelCtlTestDlg& d) {
@@ -95,33 +65,6 @@ TEST_F(CZelEditTest, GetValRefusesBadTextWithoutAMessageAndLeavesTheValueAlone) 
     }
   });
   EXPECT_TRUE(boxes.boxes.empty()) << "getVal never talks to the user";
-}
-
-TEST_F(CZelEditTest, ImperialFieldsReadFeetInchesAndFractions) {
-  runZelCtl(dlg, [](CZelCtlTestDlg& d) {
-    auto read = [&](const wchar_t* typed) {
-      EXPECT_EQ(CUserAction::type(d.m_inch, typed), "");
-      double v = -1;
-      EXPECT_TRUE(d.m_inch.getVal(v)) << CZelString(typed).toUtf8();
-      return v;
-    };
-    EXPECT_NEAR(read(L"1'6\""), 457.2, 1e-9);
-    EXPECT_NEAR(read(L"3 1/4"), 82.55, 1e-9) << "a plain number is inches";
-    EXPECT_NEAR(read(L"1/2"), 12.7, 1e-9);
-    d.m_inch.setVal(read(L"1'-6 1/2\""));
-    EXPECT_EQ(text(d.m_inch), "1'-6 1/2\"") << "what is read shows again as it was typed";
-  });
-}
-
-TEST_F(CZelEditTest, AngleFieldsAreTypedInDegreesAndStoredInRadians) {
-  runZelCtl(dlg, [](CZelCtlTestDlg& d) {
-    ASSERT_EQ(CUserAction::type(d.m_angle, L"90"), "");
-    double v = 0;
-    ASSERT_TRUE(d.m_angle.getVal(v));
-    EXPECT_NEAR(v, std::numbers::pi / 2.0, 1e-12);
-    ASSERT_EQ(CUserAction::type(d.m_angle, L"0"), "");
-    EXPECT_TRUE(d.m_angle.getVal(v)) << "flags 69 allow zero";
-  });
 }
 
 // --- the check on leaving ----------------------------------------------------------------------------
@@ -378,24 +321,6 @@ TEST_F(CZelEditTest, AFieldCheckedByItsDialogHandsOverEmptyZeroAndNegativeButRef
   EXPECT_EQ(boxes.boxes[2].text, "Keine Zahl: 'abc'");
   EXPECT_EQ(boxes.boxes[3].text.rfind("Zahl zu gro", 0), 0u) << boxes.boxes[3].text;
   EXPECT_EQ(dlg.log, (std::vector<std::string>{"own refused", "own refused", "own=-3", "own=7"}));
-}
-
-TEST_F(CZelEditTest, AFieldLeftToItselfAppliesTheFlagsToZeroAndNegativeValues) {
-  // The same flags 71 where the dialog does not check: the field refuses zero and negatives.
-  CBoxRecorder boxes = runZelCtl(dlg, [](CZelCtlTestDlg& d) {
-    d.m_length.setVal(12.0);
-    enter(d.m_length, L"0");
-    enter(d.m_length, L"-2");
-    EXPECT_EQ(text(d.m_length), "12 mm");
-    double v = -1.0;
-    ASSERT_EQ(CUserAction::type(d.m_length, L"0"), "");
-    EXPECT_FALSE(d.m_length.getVal(v));
-    EXPECT_EQ(v, -1.0);
-    d.m_length.setVal(12.0);
-  });
-  ASSERT_EQ(boxes.boxes.size(), 2u);
-  EXPECT_EQ(boxes.boxes[0].text, "Au\u00DFerhalb des Bereichs: darf nicht 0 sein");
-  EXPECT_EQ(boxes.boxes[1].text, "Au\u00DFerhalb des Bereichs: mindestens 0 mm");
 }
 
 // --- through a dialog script ------------------------------------------------------------------------
