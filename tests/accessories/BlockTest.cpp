@@ -1,7 +1,7 @@
 // The setting-block dialog through its entry function: the factory state for a store
 // without the block, the preview drawn to scale in the layer colours (read back from the
-// clipboard copy of the preview's context menu), the zoom kept while an existing block is
-// edited, and a dialog opened from another dialog.
+// clipboard copy of the preview's context menu), "Zoom alles" on an edited block, a dialog
+// opened from another dialog, and where the object comes from.
 #include "qen_mfc.h"
 
 #include "backend/CDialogBackend.h"
@@ -99,21 +99,17 @@ TEST_F(BlockTest, TheOutlineAloneHasNoHatchAndTheStandardBlockItsCross) {
   EXPECT_GT(CDialogBackend::lastClipboardCopy().picture.items().size(), outlineItems);
 }
 
-TEST_F(BlockTest, AWiderBlockIsZoomedToButAnEditedOneKeepsItsView) {
-  DialogRun r = copyPreview("enter 0/10389 \"60\"\n");
-  ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.view.maxX, 60.0);
-
-  ZEL::cfg_set(L"*HZ_KLOTZ*\\B", ZEL::mkDataItem(ZEL::mkRbReal(30.0)), true);
-  ZEL::cfg_set(L"*HZ_KLOTZ*\\ORIG", ZEL::mkDataItem(ZEL::mkResbuf(L"2F", RTENAME)), true);
-  r = copyPreview("enter 0/10389 \"60\"\n");
-  ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.view.maxX, 30.0);
-  EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.extents().maxX, 60.0);
-  // "Zoom alles" fits the view to the drawing all the same.
-  r = copyPreview("menu 10379 5 5\nchoose 10113\n");
-  ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.view.maxX, 60.0);
+// The view follows a changed block unless an existing one is edited (SheetTabToolsTest);
+// "Zoom alles" fits the view to the drawing all the same.
+TEST_F(BlockTest, ZoomAllFitsTheViewOfAnEditedBlock) {
+  for (const bool zoomAll : {false, true}) {
+    ZEL::cfg_set(L"*HZ_KLOTZ*\\B", ZEL::mkDataItem(ZEL::mkRbReal(30.0)), true);
+    ZEL::cfg_set(L"*HZ_KLOTZ*\\ORIG", ZEL::mkDataItem(ZEL::mkResbuf(L"2F", RTENAME)), true);
+    DialogRun r = copyPreview(std::string("enter 0/10389 \"60\"\n") + (zoomAll ? "menu 10379 5 5\nchoose 10113\n" : ""));
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.extents().maxX, 60.0);
+    EXPECT_DOUBLE_EQ(CDialogBackend::lastClipboardCopy().picture.view.maxX, zoomAll ? 60.0 : 30.0) << zoomAll;
+  }
 }
 
 TEST_F(BlockTest, OpenedFromAnotherDialogItNeitherPicksNorDeterminesOnScreen) {

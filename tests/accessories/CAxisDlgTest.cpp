@@ -168,14 +168,8 @@ TEST_F(CAxisDlgTest, AGlazingAxisIsDrawnToScaleAllOnTheCentreLineLayer) {
   EXPECT_DOUBLE_EQ(lines[0].points[0].x, 0.0);
   EXPECT_DOUBLE_EQ(lines[0].points[1].x, 50.0);
   EXPECT_DOUBLE_EQ(lines[0].points[1].y, 0.0);
-  // Arrow heads a tenth of the length long at both ends, pointing outwards.
-  const std::vector<Item> arrows = heads(picture);
-  ASSERT_EQ(arrows.size(), 2u);
-  EXPECT_DOUBLE_EQ(arrows[0].points[0].x, 50.0);
-  EXPECT_DOUBLE_EQ(arrows[0].points[1].x, 45.0);
-  EXPECT_NEAR(arrows[0].points[1].y, 5.0 / 3.0, 1e-12);
-  EXPECT_DOUBLE_EQ(arrows[1].points[0].x, 0.0);
-  EXPECT_DOUBLE_EQ(arrows[1].points[1].x, 5.0);
+  // An arrow head at each end (their shape is AxisGeometryTest's).
+  EXPECT_EQ(heads(picture).size(), 2u);
   // Everything in the colour of QEN_ACHSE, the contour included; the store keeps its contour layer.
   for (const Item& item : picture.items()) EXPECT_EQ(item.color.index(), 1);
   EXPECT_EQ(stored(L"*AXIS*\\PART_CON"), "\"QEN_KONTUR\"");

@@ -157,16 +157,7 @@ TEST_F(SheetTabToolsTest, TheHatchAssignmentFromTheMaterialWritesItsPatternScale
   EXPECT_EQ(mode, 1);
   EXPECT_EQ(pattern, CZelString(L"ANSI34"));  // polypropylene's hatch
   EXPECT_DOUBLE_EQ(scale, 0.5);
-
-  // Cancel writes nothing.
-  setText(L"*HZ_KLOTZ*\\HPNAME", L"ANSI31");
-  r = runUnderScript("click 0/10355\ncancel\n", [&] {
-    ok = tools.hatchAssignment(block.get(), sections, qenDlgEnv_st{}, false);
-    return static_cast<INT_PTR>(ok);
-  });
-  EXPECT_FALSE(ok);
-  ZEL::cfg_get(L"*HZ_KLOTZ*\\HPNAME")->get(pattern);
-  EXPECT_EQ(pattern, CZelString(L"ANSI31"));
+  // That Cancel writes nothing is klotz_assignments'.
 }
 
 TEST_F(SheetTabToolsTest, CancellingTheLayerDialogPutsTheLayerTableBack) {

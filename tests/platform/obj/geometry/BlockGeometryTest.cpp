@@ -6,8 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace ZEL::geo;
 
@@ -32,60 +36,29 @@ void expectVertex(const CZelVertexArray& v, int i, double x, double y) {
 
 }  // namespace
 
-TEST(BlockGeometry, PlainBlockIsItsRectangleFromTheLowerLeftCorner) {
-  const CZelVertexArray v = blockOutline(block(30.0, 5.0));
-  ASSERT_EQ(v.count(), 4);
-  expectVertex(v, 0, 0.0, 0.0);
-  expectVertex(v, 1, 30.0, 0.0);
-  expectVertex(v, 2, 30.0, 5.0);
-  expectVertex(v, 3, 0.0, 5.0);
-  EXPECT_NEAR(geotest::signedArea(v), 150.0, 1e-9);  // counter-clockwise
-}
-
-TEST(BlockGeometry, ChamferOnTheLowerLeftCornerOpensTheOutlineAfterTheCut) {
-  const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, kLowerLeft));
-  ASSERT_EQ(v.count(), 5);
-  expectVertex(v, 0, 1.0, 0.0);
-  expectVertex(v, 1, 30.0, 0.0);
-  expectVertex(v, 2, 30.0, 6.0);
-  expectVertex(v, 3, 0.0, 6.0);
-  expectVertex(v, 4, 0.0, 1.0);
-  EXPECT_NEAR(geotest::signedArea(v), 180.0 - 0.5, 1e-9);
-}
-
-TEST(BlockGeometry, EachCornerBitCutsItsOwnCorner) {
-  {
-    const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, kLowerRight));
-    ASSERT_EQ(v.count(), 5);
-    expectVertex(v, 0, 0.0, 0.0);
-    expectVertex(v, 1, 29.0, 0.0);
-    expectVertex(v, 2, 30.0, 1.0);
-    expectVertex(v, 3, 30.0, 6.0);
-    expectVertex(v, 4, 0.0, 6.0);
+// Each corner bit cuts its own corner; the outline runs counter-clockwise from the lower left
+// corner, or from the end of its cut.
+TEST(BlockGeometry, EachCornerBitCutsItsOwnCornerAndTheOutlineStartsAfterTheLowerLeftCut) {
+  struct Row {
+    int corners;
+    std::vector<std::pair<double, double>> outline;
+  };
+  const Row rows[] = {
+      {0, {{0, 0}, {30, 0}, {30, 6}, {0, 6}}},
+      {kLowerLeft, {{1, 0}, {30, 0}, {30, 6}, {0, 6}, {0, 1}}},
+      {kLowerRight, {{0, 0}, {29, 0}, {30, 1}, {30, 6}, {0, 6}}},
+      {kUpperRight, {{0, 0}, {30, 0}, {30, 5}, {29, 6}, {0, 6}}},
+      {kUpperLeft, {{0, 0}, {30, 0}, {30, 6}, {1, 6}, {0, 5}}},
+      {kAllCorners, {{1, 0}, {29, 0}, {30, 1}, {30, 5}, {29, 6}, {1, 6}, {0, 5}, {0, 1}}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE("corners " + std::to_string(row.corners));
+    const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, row.corners));
+    ASSERT_EQ(v.count(), static_cast<int>(row.outline.size()));
+    for (int i = 0; i < v.count(); ++i) expectVertex(v, i, row.outline[i].first, row.outline[i].second);
+    const int cuts = std::popcount(static_cast<unsigned>(row.corners));
+    EXPECT_NEAR(geotest::signedArea(v), 180.0 - cuts * 0.5, 1e-9);  // counter-clockwise
   }
-  {
-    const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, kUpperRight));
-    ASSERT_EQ(v.count(), 5);
-    expectVertex(v, 1, 30.0, 0.0);
-    expectVertex(v, 2, 30.0, 5.0);
-    expectVertex(v, 3, 29.0, 6.0);
-    expectVertex(v, 4, 0.0, 6.0);
-  }
-  {
-    const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, kUpperLeft));
-    ASSERT_EQ(v.count(), 5);
-    expectVertex(v, 2, 30.0, 6.0);
-    expectVertex(v, 3, 1.0, 6.0);
-    expectVertex(v, 4, 0.0, 5.0);
-  }
-}
-
-TEST(BlockGeometry, FifteenCutsAllFourCorners) {
-  const CZelVertexArray v = blockOutline(block(30.0, 6.0, 1.0, kAllCorners));
-  ASSERT_EQ(v.count(), 8);
-  const double expected[8][2] = {{1, 0}, {29, 0}, {30, 1}, {30, 5}, {29, 6}, {1, 6}, {0, 5}, {0, 1}};
-  for (int i = 0; i < 8; ++i) expectVertex(v, i, expected[i][0], expected[i][1]);
-  EXPECT_NEAR(geotest::signedArea(v), 180.0 - 4 * 0.5, 1e-9);
 }
 
 TEST(BlockGeometry, ChamferIsLimitedToAThirdOfTheSmallerSide) {
