@@ -12,81 +12,68 @@ namespace {
 using F = Zel::lFormat;
 using M = CZelNumberFormat::Measure;
 
-CZelString fmt(double v, F f, int p, M m = M::Plain, const wchar_t* suffix = L"") {
-  return CZelNumberFormat(f, p, m, suffix).text(v);
-}
+// One row a number text: the value, the format, its precision, whether the value is inches
+// (feet and inches are written), and the text.
+struct Row {
+  double value;
+  F format;
+  int precision;
+  M measure;
+  const wchar_t* text;
+};
 
-TEST(NumberFormatDecimal, RoundsToPrecisionAndDropsTrailingZeros) {
-  EXPECT_EQ(fmt(12.5, F::Decimal, 2), L"12.5");
-  EXPECT_EQ(fmt(12.345, F::Decimal, 1), L"12.3");
-  EXPECT_EQ(fmt(2.0, F::Decimal, 3), L"2");
-  EXPECT_EQ(fmt(0.126, F::Decimal, 2), L"0.13");
-  EXPECT_EQ(fmt(-7.25, F::Decimal, 2), L"-7.25");
-  EXPECT_EQ(fmt(1234567.0, F::Decimal, 0), L"1234567");
-}
+const Row kRows[] = {
+    // Decimal: rounded to the precision, trailing zeros dropped, a tiny negative is 0, huge
+    // values are written scientific, what is not finite is no text.
+    {12.5, F::Decimal, 2, M::Plain, L"12.5"},
+    {12.345, F::Decimal, 1, M::Plain, L"12.3"},
+    {2.0, F::Decimal, 3, M::Plain, L"2"},
+    {0.126, F::Decimal, 2, M::Plain, L"0.13"},
+    {-7.25, F::Decimal, 2, M::Plain, L"-7.25"},
+    {1234567.0, F::Decimal, 0, M::Plain, L"1234567"},
+    {-0.0001, F::Decimal, 2, M::Plain, L"0"},
+    {-0.0, F::Decimal, 2, M::Plain, L"0"},
+    {1e20, F::Decimal, 2, M::Plain, L"1E+20"},
+    {std::numeric_limits<double>::max(), F::Decimal, 2, M::Plain, L"1.8E+308"},
+    {std::nan(""), F::Decimal, 2, M::Plain, L""},
+    {std::numeric_limits<double>::infinity(), F::Architectural, 4, M::Inches, L""},
+    // Scientific: mantissa and exponent.
+    {12.5, F::Scientific, 2, M::Plain, L"1.25E+01"},
+    {0.00042, F::Scientific, 1, M::Plain, L"4.2E-04"},
+    {-3000.0, F::Scientific, 3, M::Plain, L"-3E+03"},
+    // Fractional: whole and reduced fraction, rounded to the finest fraction.
+    {3.25, F::Fractional, 4, M::Plain, L"3 1/4"},
+    {0.5, F::Fractional, 8, M::Plain, L"1/2"},
+    {18.0, F::Fractional, 4, M::Plain, L"18"},
+    {-2.75, F::Fractional, 2, M::Plain, L"-2 3/4"},
+    {0.1, F::Fractional, 4, M::Plain, L"1/8"},     // 1.6/16 → 2/16
+    {0.1, F::Fractional, 8, M::Plain, L"13/128"},  // 25.6/256 → 26/256
+    {2.99, F::Fractional, 2, M::Plain, L"3"},
+    {0.01, F::Fractional, 2, M::Plain, L"0"},
+    // Architectural: feet and fractional inches; rounding carries into the next foot; without
+    // inches it is fractional.
+    {18.5, F::Architectural, 4, M::Inches, L"1'-6 1/2\""},
+    {12.0, F::Architectural, 4, M::Inches, L"1'-0\""},
+    {12.5, F::Architectural, 4, M::Inches, L"1'-0 1/2\""},
+    {6.0, F::Architectural, 4, M::Inches, L"6\""},
+    {0.25, F::Architectural, 4, M::Inches, L"1/4\""},
+    {-18.0, F::Architectural, 4, M::Inches, L"-1'-6\""},
+    {0.0, F::Architectural, 4, M::Inches, L"0\""},
+    {11.99, F::Architectural, 4, M::Inches, L"1'-0\""},
+    {18.5, F::Architectural, 4, M::Plain, L"18 1/2"},
+    // Engineering: feet and decimal inches.
+    {18.5, F::Engineering, 2, M::Inches, L"1'-6.5\""},
+    {5.125, F::Engineering, 3, M::Inches, L"5.125\""},
+    {23.999, F::Engineering, 2, M::Inches, L"2'-0\""},
+    {18.5, F::Engineering, 2, M::Plain, L"18.5"},
+};
 
-TEST(NumberFormatDecimal, TinyNegativeShowsAsZero) {
-  EXPECT_EQ(fmt(-0.0001, F::Decimal, 2), L"0");
-  EXPECT_EQ(fmt(-0.0, F::Decimal, 2), L"0");
-}
-
-TEST(NumberFormatDecimal, HugeValuesAreWrittenScientific) {
-  EXPECT_EQ(fmt(1e20, F::Decimal, 2), L"1E+20");
-  EXPECT_EQ(fmt(std::numeric_limits<double>::max(), F::Decimal, 2), L"1.8E+308");
-}
-
-TEST(NumberFormatDecimal, NotFiniteGivesEmptyText) {
-  EXPECT_EQ(fmt(std::nan(""), F::Decimal, 2), L"");
-  EXPECT_EQ(fmt(std::numeric_limits<double>::infinity(), F::Architectural, 4, M::Inches), L"");
-}
-
-TEST(NumberFormatDecimal, SuffixFollowsTheNumber) {
-  EXPECT_EQ(fmt(12.5, F::Decimal, 2, M::Plain, L" mm"), L"12.5 mm");
-}
-
-TEST(NumberFormatScientific, MantissaAndExponent) {
-  EXPECT_EQ(fmt(12.5, F::Scientific, 2), L"1.25E+01");
-  EXPECT_EQ(fmt(0.00042, F::Scientific, 1), L"4.2E-04");
-  EXPECT_EQ(fmt(-3000.0, F::Scientific, 3), L"-3E+03");
-}
-
-TEST(NumberFormatFractional, WholeAndReducedFraction) {
-  EXPECT_EQ(fmt(3.25, F::Fractional, 4), L"3 1/4");
-  EXPECT_EQ(fmt(0.5, F::Fractional, 8), L"1/2");
-  EXPECT_EQ(fmt(18.0, F::Fractional, 4), L"18");
-  EXPECT_EQ(fmt(-2.75, F::Fractional, 2), L"-2 3/4");
-}
-
-TEST(NumberFormatFractional, RoundsToTheFinestFraction) {
-  EXPECT_EQ(fmt(0.1, F::Fractional, 4), L"1/8");    // 1.6/16 → 2/16
-  EXPECT_EQ(fmt(0.1, F::Fractional, 8), L"13/128");  // 25.6/256 → 26/256
-  EXPECT_EQ(fmt(2.99, F::Fractional, 2), L"3");
-  EXPECT_EQ(fmt(0.01, F::Fractional, 2), L"0");
-}
-
-TEST(NumberFormatArchitectural, FeetAndFractionalInches) {
-  EXPECT_EQ(fmt(18.5, F::Architectural, 4, M::Inches), L"1'-6 1/2\"");
-  EXPECT_EQ(fmt(12.0, F::Architectural, 4, M::Inches), L"1'-0\"");
-  EXPECT_EQ(fmt(12.5, F::Architectural, 4, M::Inches), L"1'-0 1/2\"");
-  EXPECT_EQ(fmt(6.0, F::Architectural, 4, M::Inches), L"6\"");
-  EXPECT_EQ(fmt(0.25, F::Architectural, 4, M::Inches), L"1/4\"");
-  EXPECT_EQ(fmt(-18.0, F::Architectural, 4, M::Inches), L"-1'-6\"");
-  EXPECT_EQ(fmt(0.0, F::Architectural, 4, M::Inches), L"0\"");
-}
-
-TEST(NumberFormatArchitectural, RoundingCarriesIntoTheNextFoot) {
-  EXPECT_EQ(fmt(11.99, F::Architectural, 4, M::Inches), L"1'-0\"");
-}
-
-TEST(NumberFormatArchitectural, WithoutInchesItIsFractional) {
-  EXPECT_EQ(fmt(18.5, F::Architectural, 4), L"18 1/2");
-}
-
-TEST(NumberFormatEngineering, FeetAndDecimalInches) {
-  EXPECT_EQ(fmt(18.5, F::Engineering, 2, M::Inches), L"1'-6.5\"");
-  EXPECT_EQ(fmt(5.125, F::Engineering, 3, M::Inches), L"5.125\"");
-  EXPECT_EQ(fmt(23.999, F::Engineering, 2, M::Inches), L"2'-0\"");
-  EXPECT_EQ(fmt(18.5, F::Engineering, 2), L"18.5");
+TEST(NumberFormat, EachFormatWritesItsText) {
+  for (const Row& row : kRows) {
+    EXPECT_EQ(CZelNumberFormat(row.format, row.precision, row.measure, L"").text(row.value), CZelString(row.text))
+        << row.value << " format " << static_cast<int>(row.format) << " precision " << row.precision;
+  }
+  EXPECT_EQ(CZelNumberFormat(F::Decimal, 2, M::Plain, L" mm").text(12.5), L"12.5 mm") << "the suffix follows the number";
 }
 
 TEST(ZelRtoS, ImperialFlagSelectsFeetAndInches) {

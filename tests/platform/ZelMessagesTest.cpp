@@ -32,40 +32,51 @@ protected:
   }
 };
 
-TEST_F(MessagesTest, EnglishTranslatesTheCommonButtons) {
-  bool found = false;
-  EXPECT_EQ(get(L"DLG_001", L"OK", L"en", &found), L"OK");
-  EXPECT_TRUE(found);
-  EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"en", &found), L"Cancel");
-  EXPECT_TRUE(found);
-  EXPECT_EQ(get(L"QEN_DCL_HLBZ_003", L"Darstellung", L"en"), L"Representation");
-  EXPECT_EQ(get(L"QEN_MFC_MAT_028", L"Voreinstellungen entfernen", L"en"), L"Remove presets");
-}
+// One row a lookup: key, German default, country, the text, and whether the key was found
+// (-1: not asked).
+struct Lookup {
+  const wchar_t* key;
+  const wchar_t* def;
+  const wchar_t* country;
+  const wchar_t* text;
+  int found;
+};
 
-TEST_F(MessagesTest, GermanCountryShowsTheDefaultText) {
-  bool found = true;
-  EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"de", &found), L"Abbrechen");
-  EXPECT_FALSE(found);
-  EXPECT_EQ(get(L"QEN_DCL_MAT_102", L"<Layerzuordnung>", L"de"), L"<Layerzuordnung>");
-}
-
-TEST_F(MessagesTest, UnknownKeyFallsBackToTheGermanDefault) {
-  bool found = true;
-  EXPECT_EQ(get(L"QEN_NO_SUCH_KEY_999", L"Klotz", L"en", &found), L"Klotz");
-  EXPECT_FALSE(found);
-}
-
-TEST_F(MessagesTest, CountryWithoutFileShowsDefaults) {
-  EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"xx"), L"Abbrechen");
-}
-
-TEST_F(MessagesTest, CountryUsesTheFileOfItsLanguage) {
-  EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"us"), L"Cancel");
-  EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"at"), L"Abbrechen");
-}
-
-TEST_F(MessagesTest, CountryCodeAndKeyIgnoreCase) {
-  EXPECT_EQ(get(L"dlg_002", L"Abbrechen", L"EN"), L"Cancel");
+TEST_F(MessagesTest, TextsComeFromTheCountrysLanguageFileOrAreTheGermanDefault) {
+  const Lookup rows[] = {
+      // English translates; the German country shows the default, found or not.
+      {L"DLG_001", L"OK", L"en", L"OK", 1},
+      {L"DLG_002", L"Abbrechen", L"en", L"Cancel", 1},
+      {L"QEN_DCL_HLBZ_003", L"Darstellung", L"en", L"Representation", -1},
+      {L"QEN_MFC_MAT_028", L"Voreinstellungen entfernen", L"en", L"Remove presets", -1},
+      {L"DLG_002", L"Abbrechen", L"de", L"Abbrechen", 0},
+      {L"QEN_DCL_MAT_102", L"<Layerzuordnung>", L"de", L"<Layerzuordnung>", -1},
+      // An unknown key, or a country without a file, falls back to the German default.
+      {L"QEN_NO_SUCH_KEY_999", L"Klotz", L"en", L"Klotz", 0},
+      {L"DLG_002", L"Abbrechen", L"xx", L"Abbrechen", -1},
+      // A country uses the file of its language; code and key ignore case.
+      {L"DLG_002", L"Abbrechen", L"us", L"Cancel", -1},
+      {L"DLG_002", L"Abbrechen", L"at", L"Abbrechen", -1},
+      {L"dlg_002", L"Abbrechen", L"EN", L"Cancel", -1},
+      // A suffix key appends punctuation directly, and a pick mark off by a blank; without a
+      // suffix it is the plain key.
+      {L"\\QEN_DCL_BGR_003\\...", L"Holen...", L"en", L"Get...", 1},
+      {L"\\QEN_DCL_BGR_003\\...", L"Holen...", L"de", L"Holen...", 0},
+      {L"\\QEN_DCL_BGR_297\\<", L"Objekt", L"en", L"Object <", -1},
+      {L"\\QEN_DCL_BGR_297\\<", L"Objekt", L"de", L"Objekt <", -1},
+      {L"\\DLG_002\\", L"Abbrechen", L"en", L"Cancel", -1},
+      {L"\\DLG_002", L"Abbrechen", L"en", L"Cancel", -1},
+  };
+  for (const Lookup& row : rows) {
+    SCOPED_TRACE(CZelString(row.key).toUtf8() + " in " + CZelString(row.country).toUtf8());
+    bool found = false;
+    EXPECT_EQ(get(row.key, row.def, row.country, &found), CZelString(row.text));
+    if (row.found >= 0) {
+      EXPECT_EQ(found, row.found == 1);
+    }
+  }
+  EXPECT_EQ(ZEL::msgText(L"QEN_DCL_MAT_106", L"Spezifisch", L"en"), L"Specific");
+  EXPECT_EQ(ZEL::msgText(L"QEN_DCL_MAT_106", L"Spezifisch", L"de"), L"Spezifisch");
 }
 
 TEST_F(MessagesTest, NoCountryMeansTheCurrentOne) {
@@ -74,24 +85,6 @@ TEST_F(MessagesTest, NoCountryMeansTheCurrentOne) {
   EXPECT_EQ(get(L"DLG_002", L"Abbrechen", nullptr), L"Cancel");
   EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L""), L"Cancel");
   EXPECT_EQ(get(L"DLG_002", L"Abbrechen", L"-1"), L"Cancel");
-}
-
-TEST_F(MessagesTest, SuffixKeyAppendsPunctuationDirectly) {
-  bool found = false;
-  EXPECT_EQ(get(L"\\QEN_DCL_BGR_003\\...", L"Holen...", L"en", &found), L"Get...");
-  EXPECT_TRUE(found);
-  EXPECT_EQ(get(L"\\QEN_DCL_BGR_003\\...", L"Holen...", L"de", &found), L"Holen...");
-  EXPECT_FALSE(found);
-}
-
-TEST_F(MessagesTest, SuffixKeySetsPickMarkOffByABlank) {
-  EXPECT_EQ(get(L"\\QEN_DCL_BGR_297\\<", L"Objekt", L"en"), L"Object <");
-  EXPECT_EQ(get(L"\\QEN_DCL_BGR_297\\<", L"Objekt", L"de"), L"Objekt <");
-}
-
-TEST_F(MessagesTest, SuffixKeyWithoutSuffixIsThePlainKey) {
-  EXPECT_EQ(get(L"\\DLG_002\\", L"Abbrechen", L"en"), L"Cancel");
-  EXPECT_EQ(get(L"\\DLG_002", L"Abbrechen", L"en"), L"Cancel");
 }
 
 TEST_F(MessagesTest, TooltipKeyWithoutDefault) {
@@ -112,11 +105,6 @@ TEST_F(MessagesTest, OtherFamilyIsSeparate) {
   EXPECT_TRUE(zel_msg_get(out, L"NORM_LINK", L"DIN933", L"", L"en"));
   EXPECT_EQ(out, L"https://example.org/din933");
   EXPECT_FALSE(zel_msg_get(out, L"ZEL_", L"DIN933", L"x", L"en"));
-}
-
-TEST_F(MessagesTest, MsgTextReturnsTheText) {
-  EXPECT_EQ(ZEL::msgText(L"QEN_DCL_MAT_106", L"Spezifisch", L"en"), L"Specific");
-  EXPECT_EQ(ZEL::msgText(L"QEN_DCL_MAT_106", L"Spezifisch", L"de"), L"Spezifisch");
 }
 
 TEST_F(MessagesTest, RunTimeFileAddsATestCountry) {

@@ -1,5 +1,5 @@
 // The material tree: the catalogue under the materials each inherits from, labels in the
-// caller's language, the offer narrowed by the caller, OK and Cancel.
+// caller's language, the offer narrowed by the caller, a double click and OK.
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "tests/support/DialogRun.h"
@@ -51,21 +51,7 @@ TEST_F(MatTreeTest, OpensOnTheCurrentMaterialUnderItsParent) {
   EXPECT_EQ(r.status, 0) << r.err;
 }
 
-TEST_F(MatTreeTest, OkReturnsTheChosenMaterial) {
-  material = L"EPDM";
-  DialogRun r = choose("select 32030 \"ALUMINIUM/ALMG3\"\nexpect 32031 text \"EN AW-5754 (AlMg3)\"\nok\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.result, 1);
-  EXPECT_EQ(material, CZelString(L"ALMG3"));
-}
-
-TEST_F(MatTreeTest, CancelLeavesTheMaterial) {
-  DialogRun r = choose("select 32030 \"STAHL/1.4301\"\ncancel\n");
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.result, 0);
-  EXPECT_EQ(material, CZelString(L"ALMG3"));
-}
-
+// OK with a chosen material and Cancel are klotz_material's (through the setting block).
 TEST_F(MatTreeTest, ADoubleClickChoosesAMaterial) {
   DialogRun r = choose("dblclick 32030 6\n");
   EXPECT_EQ(r.result, 1) << r.err;
