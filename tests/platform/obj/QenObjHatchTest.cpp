@@ -1,8 +1,6 @@
 // Hatch sections of objects, hatch presets and the preview of a pattern.
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
-#include "data/CZelApp.h"
-#include "data/CZelDrawing.h"
 #include "obj/QenObjHatch.h"
 #include "obj/ZelHatchPreview.h"
 
@@ -110,19 +108,6 @@ TEST_F(QenObjHatchTest, APresetGivesSourceAndOwnPatternToObjectsWithoutTheirOwn)
 TEST_F(QenObjHatchTest, SavingWithoutAPresetKeyIsRefused) {
   EXPECT_FALSE(QEN::obj_hatch_save(ZEL::cfg_get(L"*QEN_OBJ_HATCH*")));
   EXPECT_FALSE(QEN::obj_hatch_save(nullptr));
-}
-
-TEST(HatchPatterns, TheHostOffersTheDrawingsPatternsByName) {
-  CZelDrawing::current().hatchPatterns = {{L"ANSI37", L"Isolierung"}, {L"ANSI31", L"Eisen"}};
-  const auto patterns = ZEL::zelAppPtr()->hatchPatterns();
-  CZelDrawing::current().reset();
-  ASSERT_EQ(patterns.count(), 2);
-  EXPECT_EQ(patterns.begin()->first, CZelString(L"ANSI31"));
-  // The empty drawing has the standard set.
-  auto standard = ZEL::zelAppPtr()->hatchPatterns();
-  ASSERT_NE(standard.lookup(L"ANSI31"), nullptr);
-  EXPECT_EQ(*standard.lookup(L"ANSI31"), CZelString(L"ANSI Iron, Brick, Stone masonry"));
-  EXPECT_NE(standard.lookup(L"AR-CONC"), nullptr);
 }
 
 TEST(HatchPreview, DescribesTheLineFamiliesTurnedAndScaled) {
