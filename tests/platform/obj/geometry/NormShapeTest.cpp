@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <string>
 
 using ZEL::geo::Layer;
 using ZEL::geo::normPartShape;
@@ -418,4 +420,29 @@ TEST(NormShapeFamilies, UnusablePartsGiveNothing) {
   auto huge = normtest::part("WASHER", "PLAIN", "ISO7089", {{"d1_min", 1e308}, {"d2_max", 1.7e308}, {"h", 1e308}}, 0);
   const Shape s = normPartShape(huge.get());
   EXPECT_TRUE(geotest::allFinite(s));
+}
+
+TEST(NormShapeFamilies, OddFiguresNeverGiveNonFiniteDrawings) {
+  const double odd[] = {0.0, -3.0, 1e-300, 1e300, std::nan(""), std::numeric_limits<double>::infinity()};
+  const std::vector<std::pair<const char*, const char*>> families = {
+      {"SCREW", "HEX"}, {"SCREW", "SOCKET"}, {"SCREW", "COUNTERSUNK"}, {"SCREW", "BUTTON"}, {"SCREW", "PAN"},
+      {"SCREW", "CHEESE"}, {"SCREW", "SET"}, {"SCREW", "TAPPING"}, {"NUT", "HEX"}, {"WASHER", "PLAIN"},
+      {"SECTION", "I-BEAM"}, {"SECTION", "CHANNEL"}, {"SECTION", "ANGLE"}, {"SECTION", "TEE"},
+      {"SECTION", "HOLLOW-RECT"}, {"SECTION", "HOLLOW-ROUND"}};
+  const char* names[] = {"d", "P", "k", "s", "e", "dk", "dk_max", "h", "b", "tw", "tf", "t", "D", "a", "m", "d1_min", "d2_max"};
+  for (const auto& [category, group] : families)
+    for (const char* name : names)
+      for (double value : odd) {
+        // A sound part of the family with one figure made odd.
+        std::vector<std::pair<const char*, double>> dims = {
+            {"d", 8}, {"P", 1.25}, {"k", 5}, {"s", 13}, {"e", 14.4}, {"dk", 13}, {"dk_max", 13}, {"h", 100}, {"b", 50},
+            {"tw", 5}, {"tf", 8}, {"t", 4}, {"D", 60}, {"a", 50}, {"m", 6.8}, {"d1_min", 8.4}, {"d2_max", 16}};
+        for (auto& dim : dims)
+          if (std::string(dim.first) == name) dim.second = value;
+        auto part = normtest::part(category, group, "X", dims, 40.0);
+        for (int view : ZEL::geo::kNormViews) {
+          const Shape s = drawn(*part, view, 0x03);
+          EXPECT_TRUE(geotest::allFinite(s)) << category << "/" << group << " " << name << "=" << value << " view " << view;
+        }
+      }
 }
