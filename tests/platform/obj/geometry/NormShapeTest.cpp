@@ -440,7 +440,7 @@ TEST(NormShapeFamilies, OddFiguresNeverGiveNonFiniteDrawings) {
         for (auto& dim : dims)
           if (std::string(dim.first) == name) dim.second = value;
         auto part = normtest::part(category, group, "X", dims, 40.0);
-        for (int view : ZEL::geo::kNormViews) {
+        for (int view : {0, 2, 3}) {  // an end view, a side view, the isometric one
           const Shape s = drawn(*part, view, 0x03);
           EXPECT_TRUE(geotest::allFinite(s)) << category << "/" << group << " " << name << "=" << value << " view " << view;
         }
