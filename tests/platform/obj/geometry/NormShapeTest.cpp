@@ -240,6 +240,24 @@ TEST(NormShapeSections, Ipe200EndViewHasItsFigures) {
   EXPECT_TRUE(s.areas.empty());
 }
 
+TEST(NormShapeSections, InpFlangesSlopeAtFourteenPercent) {
+  auto inp = normtest::part("SECTION", "I-BEAM", "INP", {{"h", 200}, {"b", 90}, {"tw", 7.5}, {"tf", 11.3}}, 1000.0);
+  const auto profile = polygons(drawn(*inp, 0, 0), 12);
+  ASSERT_EQ(profile.size(), 1u);
+  const double half = (90 - 7.5) / 2.0;
+  std::vector<double> tips, roots;
+  for (const ZelVertex& v : profile[0].points) {
+    if (std::fabs(std::fabs(v.x) - 45.0) < 1e-9 && std::fabs(std::fabs(v.y) - 100.0) > 1e-9) tips.push_back(100.0 - std::fabs(v.y));
+    if (std::fabs(std::fabs(v.x) - 3.75) < 1e-9) roots.push_back(100.0 - std::fabs(v.y));
+  }
+  ASSERT_EQ(tips.size(), 4u);
+  ASSERT_EQ(roots.size(), 4u);
+  for (double t : tips) EXPECT_NEAR(t, 11.3 - 0.07 * half, 1e-9);
+  for (double t : roots) EXPECT_NEAR(t, 11.3 + 0.07 * half, 1e-9);
+  // The mean of the two is the table's thickness, as for a parallel flange.
+  EXPECT_NEAR((tips[0] + roots[0]) / 2.0, 11.3, 1e-9);
+}
+
 TEST(NormShapeSections, Ipe200SideViewsShowFlangesAndHiddenWeb) {
   auto ipe = normtest::ipe200();
   const Shape front = drawn(*ipe, 2, 0);
