@@ -31,7 +31,7 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenDlgHzBl", "BLECH", "bent sheets and composite panels", [](HostCall& c) { return qenDlgHzBl(c.record); }},
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
     {"qenNormMenu", "DIN", "standard parts", nullptr},
-    {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", nullptr},
+    {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", [](HostCall& c) { return qenNormMatMenu(c.record); }},
     {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },
      prepareLayers, finishLayers},
