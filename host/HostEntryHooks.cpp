@@ -148,11 +148,7 @@ void takeSettings(CZelDataItem* object, const CZelDataItem& settings) {
   }
 }
 
-namespace {
-
-// The object becomes the one being edited: its values go into the settings. With `edit`
-// false only the values are taken: the object being edited stays as it was.
-bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle, bool edit = true) {
+bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle, bool edit) {
   CZelDrawing& drawing = CZelDrawing::current();
   CZelDataItem* data = drawingObjectOfType(type, handle);
   if (!data) return false;
@@ -169,8 +165,6 @@ bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle, bool
   c.object = data;
   return true;
 }
-
-}  // namespace
 
 void prepareAccessory(HostCall& c, const wchar_t* type) {
   if (!c.record.object.isNull()) editObject(c, type, c.record.object.handle());

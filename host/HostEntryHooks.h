@@ -50,6 +50,11 @@ int callAccessory(HostCall& c, const wchar_t* type, const std::function<int(qenD
 CZelDataItem* drawingObjectOfType(const wchar_t* type, const CZelString& handle);
 // Keys of an object's data that are the drawing's, not the type's settings.
 bool drawingOnlyKey(const CZelString& name);
+// The object becomes the one being edited: its values go into the type's settings, "ORIG"
+// names it and the call's record and object are it. With `edit` false only the values are
+// taken: the object being edited stays as it was. False (with a message) when the drawing
+// has no such object of the type.
+bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle, bool edit = true);
 // After OK the edited object takes the settings, less what only lives while a dialog runs.
 void takeSettings(CZelDataItem* object, const CZelDataItem& settings);
 // The axis entry removes "ORIG" itself on OK, so the axis of the drawing being edited is

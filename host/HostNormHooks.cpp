@@ -75,3 +75,8 @@ void finishNorm(HostCall& c, int code) {
   }
   if (code == 1 || code == 2) settings->remove(&orig);
 }
+
+void prepareNormMat(HostCall& c) {
+  if (c.record.object.isNull()) return;
+  if (editObject(c, L"DIN", c.record.object.handle(), false)) ZEL::norm_gen_init(false);
+}

@@ -19,3 +19,6 @@ void finishNorm(HostCall& c, int code);
 // The key of the further dimension the current standard part has: "KLM", "RAD" or "SENK";
 // empty when it has none.
 CZelString normFurtherDimensionKey();
+// The material types: an object named by --record object=HANDLE is the part whose standard
+// the dialog shows; its values go into "*NM*" (nothing is edited).
+void prepareNormMat(HostCall& c);
