@@ -28,7 +28,8 @@ QEN_API int qenNormMatMenu(const qenDlgEnv_st& env) {
   if (result == IDOK) {
     CZelString current;
     CZelDataItem* cur = ZEL::cfg_get(L"*NM*\\MAT_CUR");
-    if (cur && cur->get(current) && !current.isEmpty())
+    // Without a standard there is no material to choose: nothing is taken.
+    if (!key.isEmpty() && cur && cur->get(current) && !current.isEmpty())
       ZEL::cfg_set(L"*NM*\\MAT", ZEL::mkDataItem(ZEL::mkResbuf(current.c_str())), true);
     code = 1;
   } else if (result == IDCANCEL) {

@@ -83,7 +83,9 @@ CZelArrayTempl<CZelString> CQenNrmMaterialarten::readAdded(const CZelString& obj
 
 void CQenNrmMaterialarten::writeAdded(const CZelArrayTempl<CZelString>& added) const {
   if (m_key.isEmpty()) return;
-  ZEL::cfg_set(addedKey(m_key), ZEL::mkDataItem(ZEL::mkResbuf(added)), true);
+  // A list even of one material; no list at all once the last one is removed.
+  if (added.isEmpty()) ZEL::cfg_remove(addedKey(m_key));
+  else ZEL::cfg_set(addedKey(m_key), ZEL::mkDataItem(ZEL::rbToList(ZEL::mkResbuf(added))), true);
   // The catalogue data cached for the standard knows the materials as they were.
   ZEL::norm_gen_init(false);
 }
@@ -156,7 +158,10 @@ void CQenNrmMaterialarten::refresh() {
   m_list.ResetContent();
   int selected = -1;
   for (const CZelString& m : m_materials) {
+    // The material catalogue's label; for a material only the standards' catalogue knows,
+    // that catalogue's label; the key as the last resort.
     CZelString label = mgr.matLabel(m, L"-1");
+    if (label.isEmpty()) label = CZelString::fromUtf8(QEN::norm_mat_label(m.toUtf8(), country().toUtf8()));
     const int line = m_list.AddString((label.isEmpty() ? m : label).c_str());
     if (m == cur) selected = line;
   }

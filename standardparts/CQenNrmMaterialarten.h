@@ -3,6 +3,7 @@
 // again. The added materials are kept per standard under "*QEN_NM_PROP*"'s object key.
 #pragma once
 
+#include "data/CZelDataKey.h"
 #include "module/qenDlgEnv_st.h"
 #include "ui/CFont.h"
 #include "ui/CZelDlg.h"
