@@ -28,15 +28,20 @@ const char* const kSql[] = {
     "FROM standard s JOIN node n ON s.node = n.id "
     "WHERE ?1 = '' OR n.path = ?1 OR substr(n.path, 1, length(?1) + 1) = ?1 || '\\' ORDER BY n.id",
     // Sizes
-    "SELECT z.name FROM node n JOIN size z ON z.standard = n.id WHERE n.path = ?1 ORDER BY z.ord",
+    "SELECT z.name FROM node n JOIN size z ON z.standard = n.id WHERE n.path = ?1 AND (?2 = '' OR z.variant = ?2) "
+    "ORDER BY z.ord",
     // Lengths
     "SELECT l.nominal FROM node n JOIN size z ON z.node = n.id JOIN length l ON l.standard = z.standard "
     "WHERE n.path = ?1 AND l.nominal >= z.l_min AND l.nominal <= z.l_max ORDER BY l.ord",
     // Materials
     "SELECT m.key FROM node n JOIN material_standard ms ON ms.standard = n.id JOIN material m ON m.ord = ms.material "
     "WHERE n.path = ?1 ORDER BY m.ord",
+    // MaterialLabel
+    "SELECT label_de, label_en FROM material WHERE key = ?1",
+    // Areas
+    "SELECT code, label_de, label_en FROM area ORDER BY ord",
 };
-static_assert(sizeof(kSql) / sizeof(kSql[0]) == 9);
+static_assert(sizeof(kSql) / sizeof(kSql[0]) == 11);
 
 std::string column(sqlite3_stmt* statement, int index)
 {
@@ -212,9 +217,18 @@ std::vector<CNormDatabase::Standard> CNormDatabase::standardsBelow(const std::st
     return out;
 }
 
-std::vector<std::string> CNormDatabase::sizes(const std::string& path)
+std::vector<std::string> CNormDatabase::sizes(const std::string& path, const std::string& variant)
 {
-    return texts(Sizes, path);
+    std::vector<std::string> out;
+    sqlite3_stmt* statement = prepared(Sizes);
+    if (!statement)
+        return out;
+    Reset reset{statement};
+    bind(statement, 1, path);
+    bind(statement, 2, variant);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        out.push_back(column(statement, 0));
+    return out;
 }
 
 std::vector<double> CNormDatabase::lengths(const std::string& sizePath)
@@ -233,4 +247,28 @@ std::vector<double> CNormDatabase::lengths(const std::string& sizePath)
 std::vector<std::string> CNormDatabase::materials(const std::string& path)
 {
     return texts(Materials, path);
+}
+
+std::optional<std::pair<std::string, std::string>> CNormDatabase::materialLabels(const std::string& key)
+{
+    sqlite3_stmt* statement = prepared(MaterialLabel);
+    if (!statement)
+        return std::nullopt;
+    Reset reset{statement};
+    bind(statement, 1, key);
+    if (sqlite3_step(statement) != SQLITE_ROW)
+        return std::nullopt;
+    return std::make_pair(column(statement, 0), column(statement, 1));
+}
+
+std::vector<CNormDatabase::Area> CNormDatabase::areas()
+{
+    std::vector<Area> out;
+    sqlite3_stmt* statement = prepared(Areas);
+    if (!statement)
+        return out;
+    Reset reset{statement};
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        out.push_back({column(statement, 0), column(statement, 1), column(statement, 2)});
+    return out;
 }

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct sqlite3;
@@ -45,15 +46,26 @@ public:
     std::optional<Standard> standard(const std::string& path);
     // Every standard at or below the node at the path (all for an empty path), in tree order.
     std::vector<Standard> standardsBelow(const std::string& path);
-    // Nominal sizes of the standard at the path, in the order of its table.
-    std::vector<std::string> sizes(const std::string& path);
+    // Nominal sizes of the standard at the path, in the order of its table; with a variant
+    // only the sizes of that variant.
+    std::vector<std::string> sizes(const std::string& path, const std::string& variant = {});
     // Standard lengths of the size at the path: the standard's series cut to the size's range.
     std::vector<double> lengths(const std::string& sizePath);
     // Material keys offered for the standard at the path, in the catalogue's order.
     std::vector<std::string> materials(const std::string& path);
+    // A catalogue material's German and English label; none for an unknown key.
+    std::optional<std::pair<std::string, std::string>> materialLabels(const std::string& key);
+    // The areas of the standards in display order: code, German and English name.
+    struct Area {
+        std::string code, labelDe, labelEn;
+    };
+    std::vector<Area> areas();
 
 private:
-    enum Query { Families, Root, Children, Property, StandardAt, Standards, Sizes, Lengths, Materials, QueryCount };
+    enum Query {
+        Families, Root, Children, Property, StandardAt, Standards, Sizes, Lengths, Materials, MaterialLabel, Areas,
+        QueryCount
+    };
     sqlite3_stmt* prepared(Query query);
     std::vector<std::string> texts(Query query, const std::string& path);
     static Standard readStandard(sqlite3_stmt* statement);

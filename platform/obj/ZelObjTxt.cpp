@@ -1,6 +1,8 @@
 // Label texts of objects: the item table per object type and the label lines it gives.
 #include "obj/ZelObjTxt.h"
 
+#include "obj/ZelObjLabel.h"
+
 #include "data/CZelMatMgr.h"
 #include "data/CZelNumberFormat.h"
 #include "data/ZelCountries.h"
@@ -350,6 +352,7 @@ CZelString txtToRTF(const CZelString& text) {
 CZelString grpLabel(const CZelDataItem* object, const wchar_t* country, bool withDims) {
   if (!object) return CZelString();
   const CZelString type = typeOf(object);
+  if (type.match(L"DIN")) return dinLabel(object, country, withDims, true, false);
   const TypeTable& t = table(type);
   CZelString label = type.match(L"DRILL") ? CZelString(german(country) ? L"Bohrung" : L"Drilling")
                                           : objTypeLabel(type, countryOr(country).c_str());

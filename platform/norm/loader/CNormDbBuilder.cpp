@@ -8,7 +8,10 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
+#include <optional>
+#include <regex>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -27,13 +30,14 @@ CREATE TABLE standard(node INTEGER PRIMARY KEY, key TEXT NOT NULL UNIQUE, din TE
                       en_iso TEXT NOT NULL, en TEXT NOT NULL, other TEXT NOT NULL, title_de TEXT NOT NULL,
                       title_en TEXT NOT NULL, category TEXT NOT NULL);
 CREATE TABLE size(node INTEGER PRIMARY KEY, standard INTEGER NOT NULL, ord INTEGER NOT NULL, name TEXT NOT NULL,
-                  preferred INTEGER NOT NULL, l_min REAL, l_max REAL);
+                  preferred INTEGER NOT NULL, l_min REAL, l_max REAL, variant TEXT NOT NULL);
 CREATE INDEX size_standard ON size(standard, ord);
 CREATE TABLE length(standard INTEGER NOT NULL, ord INTEGER NOT NULL, nominal REAL NOT NULL, min REAL NOT NULL,
                     max REAL NOT NULL, min_f REAL, max_f REAL, PRIMARY KEY(standard, ord)) WITHOUT ROWID;
 CREATE INDEX length_nominal ON length(standard, nominal);
 CREATE TABLE material(ord INTEGER PRIMARY KEY, key TEXT NOT NULL UNIQUE, label_de TEXT NOT NULL, label_en TEXT NOT NULL);
 CREATE TABLE material_standard(standard INTEGER NOT NULL, material INTEGER NOT NULL, PRIMARY KEY(standard, material)) WITHOUT ROWID;
+CREATE TABLE area(ord INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label_de TEXT NOT NULL, label_en TEXT NOT NULL);
 )SQL";
 
 struct Fault : std::runtime_error {
@@ -158,9 +162,13 @@ public:
     void run()
     {
         readTitles();
+        readAdditions();
         families();
+        areas();
         tree();
         materials();
+        for (const auto& [key, release] : m_releases)
+            throw Fault(file("releases.csv") + ": unknown standard \"" + key + "\"");
     }
 
 private:
@@ -178,6 +186,51 @@ private:
             if (!row[g].empty())
                 path += "\\" + row[g];
             m_titles[path] = {row[de], row[en]};
+        }
+    }
+
+    // The project's additions beside the reference figures: release masks, section stock
+    // lengths, thread variants, radius ranges, and the nut heights the clamping tables use.
+    void readAdditions()
+    {
+        const Table releases(file("releases.csv"));
+        const auto key = releases.col("key"), release = releases.col("release");
+        for (const auto& row : releases->rows())
+            m_releases[row[key]] = row[release];
+        const Table stock(file("stock-lengths.csv"));
+        const auto nominal = stock.col("nominal");
+        for (std::size_t r = 0; r < stock->rows().size(); ++r) {
+            const double value = number(*stock, r, nominal);
+            if (value <= 0 || (!m_stock.empty() && value <= m_stock.back()))
+                throw Fault(stock->path() + ":" + std::to_string(stock->line(r)) + ": stock lengths must increase and be above 0");
+            m_stock.push_back(value);
+        }
+        const Table variants(file("variants.csv"));
+        const auto name = variants.col("variant"), de = variants.col("label_de"), en = variants.col("label_en");
+        const auto fine = variants.col("fine");
+        for (const auto& row : variants->rows())
+            m_variants.push_back({row[name], row[de], row[en], row[fine] == "1"});
+        const Table radii(file("radii.csv"));
+        const auto rKey = radii.col("key"), rCol = radii.col("column"), rMin = radii.col("min_factor"),
+                   rMax = radii.col("max_factor");
+        for (std::size_t r = 0; r < radii->rows().size(); ++r) {
+            const auto& row = radii->rows()[r];
+            m_radii[row[rKey]] = {row[rCol], number(*radii, r, rMin), number(*radii, r, rMax)};
+        }
+        const Table nuts(file("pieces/ISO4032.csv"));
+        const auto size = nuts.col("size"), m = nuts.col("m");
+        for (std::size_t r = 0; r < nuts->rows().size(); ++r)
+            m_nutHeight[nuts->rows()[r][size]] = number(*nuts, r, m);
+    }
+
+    void areas()
+    {
+        const Table table(file("areas.csv"));
+        const auto code = table.col("code"), de = table.col("label_de"), en = table.col("label_en");
+        Insert area(m_db, "INSERT INTO area(ord, code, label_de, label_en) VALUES(?,?,?,?)");
+        for (std::size_t r = 0; r < table->rows().size(); ++r) {
+            const auto& row = table->rows()[r];
+            area.integer(1, static_cast<sqlite3_int64>(r)).text(2, row[code]).text(3, row[de]).text(4, row[en]).run();
         }
     }
 
@@ -296,7 +349,14 @@ private:
         prop(id, "NODIN_LEN", "0");
         prop(id, "AXIS", "-1");
         prop(id, "GRP_IDX", "0");
-        prop(id, "FURTHER", cell("further_dim"));
+        const auto radius = m_radii.find(key);
+        const std::string further = radius != m_radii.end() ? std::string("RAD") : cell("further_dim");
+        prop(id, "FURTHER", further);
+        const auto release = m_releases.find(key);
+        if (release == m_releases.end())
+            throw Fault(file("releases.csv") + ": no release for the standard " + key);
+        prop(id, "RELEASE", release->second);
+        m_releases.erase(release);
 
         std::string dimensions, lengths, ranges;
         for (const auto& f : split(cell("files"), ';')) {
@@ -313,13 +373,27 @@ private:
             throw Fault(table.path() + ":" + std::to_string(table.line(r)) + ": no dimension table");
         if (lengths.empty() != ranges.empty())
             throw Fault(table.path() + ":" + std::to_string(table.line(r)) + ": a length series needs its ranges file");
+        std::vector<double> series;
         if (!lengths.empty())
-            lengthSeries(id, lengths);
-        sizes(id, path, dimensions, ranges, cell("further_dim") == "SENK");
+            series = lengthSeries(id, lengths);
+        else if (bar)
+            series = stockLengths(id);
+        Sizes sizesOf{id, path, dimensions, ranges, further, bar, series,
+                      radius != m_radii.end() ? &radius->second : nullptr};
+        sizes(sizesOf);
     }
 
-    void lengthSeries(sqlite3_int64 standard, const std::string& relative)
+    std::vector<double> stockLengths(sqlite3_int64 standard)
     {
+        Insert insert(m_db, "INSERT INTO length(standard, ord, nominal, min, max, min_f, max_f) VALUES(?,?,?,?,?,NULL,NULL)");
+        for (std::size_t r = 0; r < m_stock.size(); ++r)
+            insert.integer(1, standard).integer(2, static_cast<sqlite3_int64>(r)).real(3, m_stock[r]).real(4, m_stock[r]).real(5, m_stock[r]).run();
+        return m_stock;
+    }
+
+    std::vector<double> lengthSeries(sqlite3_int64 standard, const std::string& relative)
+    {
+        std::vector<double> series;
         const Table table(file(relative));
         const auto nominal = table.col("nominal"), lo = table.col("min"), hi = table.col("max");
         const auto loF = table->column("min_f"), hiF = table->column("max_f");
@@ -332,35 +406,107 @@ private:
             else
                 insert.null(6).null(7);
             insert.run();
+            series.push_back(number(*table, r, nominal));
         }
+        return series;
     }
 
-    void sizes(sqlite3_int64 standard, const std::string& path, const std::string& dimensions, const std::string& rangesFile,
-               bool senk)
+    struct Radius {
+        std::string column;
+        double minFactor, maxFactor;
+    };
+    struct Sizes {
+        sqlite3_int64 standard;
+        std::string path, dimensions, rangesFile, further;
+        bool bar;
+        std::vector<double> series;  // the standard's lengths (stock lengths for a section)
+        const Radius* radius;
+    };
+
+    static std::string figure(double value)
     {
-        const Table table(file(dimensions));
+        char text[32];
+        std::snprintf(text, sizeof text, "%.10g", value);
+        return text;
+    }
+
+    static bool fineThread(const std::string& size)
+    {
+        static const std::regex pattern(R"(M[0-9.]+x[0-9.]+)");
+        return std::regex_match(size, pattern);
+    }
+
+    // The clamping-length table of a bolt or screw size: for each standard length l of the
+    // size, the clamped thickness runs from l - b (the thread must reach into the clamped
+    // parts, so that the nut bears on thread) to l - m (the bolt ends flush with the nut),
+    // b the thread length for that length (ISO 4014: b1 up to 125 mm, b2 up to 200 mm, b3
+    // beyond; fully threaded screws: the whole length) and m the height of the ISO 4032 nut
+    // of the size. Negative minima become 0; lengths that leave no room for the nut are left out.
+    std::string clampingTable(const CNormCsv& table, std::size_t r, const std::string& sizeName, double lMin, double lMax,
+                              const std::vector<double>& series) const
+    {
+        const auto nut = m_nutHeight.find(sizeName);
+        if (nut == m_nutHeight.end())
+            throw Fault(table.path() + ":" + std::to_string(table.line(r)) + ": no ISO 4032 nut height for the size " + sizeName);
+        const auto b1 = table.column("b1"), b2 = table.column("b2"), b3 = table.column("b3");
+        std::string rows;
+        for (const double l : series) {
+            if (l < lMin || l > lMax)
+                continue;
+            double thread = l;
+            if (b1 && b2 && b3)
+                thread = number(table, r, l <= 125 ? *b1 : l <= 200 ? *b2 : *b3);
+            const double lo = std::max(0.0, l - thread), hi = l - nut->second;
+            if (hi <= 0 || hi < lo)
+                continue;
+            rows += (rows.empty() ? "" : ";") + figure(l) + "," + figure(lo) + "," + figure(hi);
+        }
+        return rows;
+    }
+
+    void sizes(const Sizes& in)
+    {
+        const Table table(file(in.dimensions));
         const bool piece = table->column("size").has_value();
         const std::size_t name = piece ? table.col("size") : table.col("name");
         const auto preferred = table->column("preferred");
         const std::size_t firstData = piece ? table.col("d") : name + 1;
+        const bool senk = in.further == "SENK";
         const std::size_t senkCol = senk ? table.col("csh_height") : 0;
+        const std::size_t radiusCol = in.radius ? table.col(in.radius->column) : 0;
+        std::string columns;
+        for (std::size_t c = firstData; c < table->header().size(); ++c)
+            columns += (c == firstData ? "" : ";") + table->header()[c];
+        prop(in.standard, "COLUMNS", columns);
+        bool variants = false;
+        for (const auto& row : table->rows())
+            variants = variants || (piece && fineThread(row[name]));
+        if (variants) {
+            std::string list;
+            for (const auto& v : m_variants) {
+                list += (list.empty() ? "" : ";") + v.name;
+                prop(in.standard, "VAR\\" + v.name + "\\LABEL", v.labelDe);
+                prop(in.standard, "VAR\\" + v.name + "\\LABEL_EN", v.labelEn);
+            }
+            prop(in.standard, "VARIANTS", list);
+        }
         std::map<std::string, std::pair<double, double>> ranges;
-        if (!rangesFile.empty()) {
-            const Table rangeTable(file(rangesFile));
+        if (!in.rangesFile.empty()) {
+            const Table rangeTable(file(in.rangesFile));
             const auto size = rangeTable.col("size"), lo = rangeTable.col("l_min"), hi = rangeTable.col("l_max");
             for (std::size_t r = 0; r < rangeTable->rows().size(); ++r) {
                 const std::string& sizeName = rangeTable->rows()[r][size];
                 ranges[sizeName] = {number(*rangeTable, r, lo), number(*rangeTable, r, hi)};
             }
         }
-        Insert insert(m_db, "INSERT INTO size(node, standard, ord, name, preferred, l_min, l_max) VALUES(?,?,?,?,?,?,?)");
+        Insert insert(m_db, "INSERT INTO size(node, standard, ord, name, preferred, l_min, l_max, variant) VALUES(?,?,?,?,?,?,?,?)");
         for (std::size_t r = 0; r < table->rows().size(); ++r) {
             const auto& row = table->rows()[r];
             const std::string& sizeName = row[name];
             if (sizeName.empty() || sizeName.find('\\') != std::string::npos)
                 throw Fault(table->path() + ":" + std::to_string(table->line(r)) + ": unusable size name \"" + sizeName + "\"");
             const bool isPreferred = !preferred || row[*preferred] != "0";
-            const sqlite3_int64 id = node(standard, path + "\\" + sizeName, sizeName, "SIZE", static_cast<int>(r));
+            const sqlite3_int64 id = node(in.standard, in.path + "\\" + sizeName, sizeName, "SIZE", static_cast<int>(r));
             if (!isPreferred)
                 prop(id, "AVOID", "1");
             std::string data;
@@ -369,14 +515,32 @@ private:
             prop(id, "DATA", data);
             if (senk)
                 prop(id, "SENK", row[senkCol]);
-            insert.integer(1, id).integer(2, standard).integer(3, static_cast<sqlite3_int64>(r)).text(4, sizeName);
+            if (in.radius) {
+                const double basis = number(*table, r, radiusCol);
+                prop(id, "RAD", figure(basis * in.radius->minFactor) + ";" + figure(basis * in.radius->maxFactor));
+            }
+            std::string variant;
+            for (const auto& v : m_variants)
+                if (variants && v.fine == fineThread(sizeName) && variant.empty())
+                    variant = v.name;
+            insert.integer(1, id).integer(2, in.standard).integer(3, static_cast<sqlite3_int64>(r)).text(4, sizeName);
             insert.integer(5, isPreferred ? 1 : 0);
             const auto range = ranges.find(sizeName);
+            std::optional<std::pair<double, double>> limits;
             if (range != ranges.end())
-                insert.real(6, range->second.first).real(7, range->second.second);
+                limits = range->second;
+            else if (in.bar && !in.series.empty())
+                limits = std::make_pair(in.series.front(), in.series.back());
+            if (limits)
+                insert.real(6, limits->first).real(7, limits->second);
             else
                 insert.null(6).null(7);
-            insert.run();
+            insert.text(8, variant).run();
+            if (in.further == "KLM" && limits) {
+                const std::string rows = clampingTable(*table, r, sizeName, limits->first, limits->second, in.series);
+                if (!rows.empty())
+                    prop(id, "KLM\\LST", rows);
+            }
         }
     }
 
@@ -411,6 +575,15 @@ private:
     sqlite3_int64 m_lastId = 0;
     std::map<std::string, std::pair<std::string, std::string>> m_titles;
     std::map<std::string, std::pair<sqlite3_int64, std::string>> m_standards;  // key -> node, category
+    struct Variant {
+        std::string name, labelDe, labelEn;
+        bool fine;
+    };
+    std::map<std::string, std::string> m_releases;  // standard key -> release mask, until used
+    std::vector<double> m_stock;
+    std::vector<Variant> m_variants;
+    std::map<std::string, Radius> m_radii;
+    std::map<std::string, double> m_nutHeight;  // ISO 4032 size -> m
 };
 
 }  // namespace
