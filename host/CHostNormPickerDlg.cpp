@@ -5,7 +5,7 @@
 #include "data/CZelDataDir.h"
 #include "data/CZelDataItem.h"
 #include "data/ZelDataAccess.h"
-#include "obj/QenNormPrototype.h"
+#include "norm/ZelNormPrototype.h"
 #include "resources/dialogs/din_dia_ids.h"
 #include "ui/CButton.h"
 #include "ui/CStatic.h"
