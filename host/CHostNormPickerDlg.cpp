@@ -161,6 +161,8 @@ void CHostNormPickerDlg::showPage() {
       ZEL::CUniqPointer<CZelDataItem> params(new CZelDataItem());
       CZelDataKey main(L"MAIN");
       params->put(&main, ZEL::mkRbLong(1));
+      CZelDataKey backKey(L"BACK_CLR");
+      params->put(&backKey, ZEL::mkRbLong(chosen ? 0x00FFFFFF : 0x00C8D0D4));
       gdx.setBackground(back);
       QEN::gdx_image_norm_prototype(gdx, wide(prototype && !prototype->empty() ? *prototype : s.back()), params.get());
     }
