@@ -46,7 +46,12 @@ CZelString objLayerName(const CZelDataItem* object, const wchar_t* logicalLayer)
 }
 
 CZelColor objLayerColor(const CZelDataItem* object, geo::Layer layer) {
-  const ZelLayerRecord* record = CZelDrawing::current().layer(objLayerName(object, geo::layerKey(layer)));
+  CZelString name = objLayerName(object, geo::layerKey(layer));
+  // Thread lines and light edges lie on the contour's layer while neither the object nor
+  // the system names a layer of their own.
+  if ((layer == geo::Layer::Thread || layer == geo::Layer::Light) && name == L"0")
+    name = objLayerName(object, geo::layerKey(geo::Layer::Contour));
+  const ZelLayerRecord* record = CZelDrawing::current().layer(name);
   return record ? record->color : CZelColor::fromIndex(7);
 }
 

@@ -10,8 +10,9 @@
 
 namespace ZEL::geo {
 
-// The logical layers of an object's parts ("PART_CON", "PART_HID", "PART_CEN", "PART_FILL").
-enum class Layer { Contour, Hidden, Axis, Fill };
+// The logical layers of an object's parts ("PART_CON", "PART_HID", "PART_CEN", "PART_FILL",
+// and for standard parts the thread lines "PART_THR" and the light (tangent) edges "PART_LGT").
+enum class Layer { Contour, Hidden, Axis, Fill, Thread, Light };
 
 const wchar_t* layerKey(Layer layer);
 
