@@ -366,7 +366,9 @@ void CQenNrmDialog::showPrototype(const Stack& stack) {
   params->mkDir();
   CZelDataKey main(L"MAIN"), back(L"BACK_CLR");
   ZEL::dataItemSet(params.get(), &main, 1);
-  ZEL::dataItemSet(params.get(), &back, m_background.index());
+  // The system's button face colour (COLOR_BTNFACE) as a colour reference 0x00BBGGRR.
+  constexpr int kButtonFace = 0x00F0F0F0;
+  ZEL::dataItemSet(params.get(), &back, kButtonFace);
   m_gdx.clear();
   m_gdx.setBackground(m_background);
   drawPrototype(m_gdx, wide(prototype), params.get());

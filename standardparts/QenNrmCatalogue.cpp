@@ -5,6 +5,8 @@
 #include "ui/CZelGDX.h"
 
 #include "norm/ZelNormGen.h"
+#include "norm/ZelNormPrototype.h"
+#include "obj/ZelGdxImage.h"
 
 namespace qen::nrm {
 
@@ -38,8 +40,9 @@ void spheres(std::map<std::string, std::string>& names, std::vector<std::string>
 void propSave() { QEN::norm_prop_save(); }
 void groupReset() { QEN::norm_grp_reset(); }
 
-bool drawPart(CZelGDX&, const CZelDataItem*) { return false; }
-bool drawPrototype(CZelGDX&, const CZelString&, const CZelDataItem*) { return false; }
-bool canDraw() { return false; }
+bool drawPart(CZelGDX& gdx, const CZelDataItem* part) { return zel_gdx_image(L"NORM", gdx, part); }
+bool drawPrototype(CZelGDX& gdx, const CZelString& prototype, const CZelDataItem* params) {
+  return QEN::gdx_image_norm_prototype(gdx, prototype, params);
+}
 
 }  // namespace qen::nrm

@@ -51,7 +51,4 @@ void groupReset();
 bool drawPart(CZelGDX& gdx, const CZelDataItem* part);
 bool drawPrototype(CZelGDX& gdx, const CZelString& prototype, const CZelDataItem* params);
 
-// Whether the part drawing is part of this build.
-bool canDraw();
-
 }  // namespace qen::nrm
