@@ -246,7 +246,7 @@ void CQenNrmDialog::tabEntered(int tab) {
       break;
     }
     case kTabSearch:
-      ZEL::cfg_remove(CZelDataKey(L"*NM*\\SEARCH\\RESULT"));
+      ZEL::cfg_remove(CZelDataKey::fromPath(L"*NM*\\SEARCH\\RESULT"));
       setText(nmPath(L"MODE"), L"SEARCH");
       m_search.refresh();
       break;
@@ -291,8 +291,8 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   // A store without the part starts from the type's preset.
   CZelDataItem* nm = section();
   if (!nm || !nm->isDir()) {
-    if (CZelDataItem* preset = ZEL::cfg_get(CZelDataKey(L"*QEN_OBJ_PROP*\\*DIN*")); preset && preset->isDir())
-      ZEL::cfg_set(CZelDataKey(kSection), preset->clone(), true);
+    if (CZelDataItem* preset = ZEL::cfg_get(CZelDataKey::fromPath(L"*QEN_OBJ_PROP*\\*DIN*")); preset && preset->isDir())
+      ZEL::cfg_set(CZelDataKey::fromPath(kSection), preset->clone(), true);
     std::unique_ptr<CZelDataItem> part = generate(onlyArticles());
     if (part) release(part.get());
   }
@@ -301,7 +301,7 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   if (stack.empty()) {
     const std::vector<std::string> filter = callerFilter();
     if (filter.empty()) {
-      CZelDataItem* preset = ZEL::cfg_get(CZelDataKey(L"*QEN_OBJ_PROP*\\*DIN*"));
+      CZelDataItem* preset = ZEL::cfg_get(CZelDataKey::fromPath(L"*QEN_OBJ_PROP*\\*DIN*"));
       if (preset && preset->isDir()) {
         mergeInto(*preset, L"");
         stack = getStack(nmPath(L"STACK")).value_or(Stack{});
@@ -323,7 +323,13 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   if (std::find(families.begin(), families.end(), dsp) == families.end()) dsp = families.empty() ? "" : families.front();
   setText(nmPath(L"DSP"), wide(dsp));
 
-  SetDlgItemText(IDC_NRM_LABEL, isNorm ? ZEL::obj_label_header(section(), country().c_str()).c_str() : L"");
+  // The header of the part "*NM*" describes (the generated part carries its type).
+  CZelString header;
+  if (isNorm) {
+    std::unique_ptr<CZelDataItem> part = generate(onlyArticles());
+    header = ZEL::obj_label_header(part ? part.get() : section(), country().c_str());
+  }
+  SetDlgItemText(IDC_NRM_LABEL, header.c_str());
 
   setStack(nmPath(L"STACK"), stack);
   if ((mode.isEmpty() || mode == L"MAIN" || mode == L"ADMIN") && m_props.initialising()) rebuildTree();
@@ -334,7 +340,7 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   const bool treeEmpty = m_props.treeEmpty();
   if (treeEmpty) {
     stack.clear();
-    ZEL::cfg_remove(CZelDataKey(nmPath(L"STACK")));
+    ZEL::cfg_remove(CZelDataKey::fromPath(nmPath(L"STACK")));
   }
   m_picture.ShowWindow(treeEmpty ? SW_HIDE : SW_SHOW);
   m_picture.EnableWindow(!treeEmpty);
@@ -360,7 +366,9 @@ void CQenNrmDialog::showPrototype(const Stack& stack) {
   params->mkDir();
   CZelDataKey main(L"MAIN"), back(L"BACK_CLR");
   ZEL::dataItemSet(params.get(), &main, 1);
-  ZEL::dataItemSet(params.get(), &back, m_background.index());
+  // The system's button face colour (COLOR_BTNFACE) as a colour reference 0x00BBGGRR.
+  constexpr int kButtonFace = 0x00F0F0F0;
+  ZEL::dataItemSet(params.get(), &back, kButtonFace);
   m_gdx.clear();
   m_gdx.setBackground(m_background);
   drawPrototype(m_gdx, wide(prototype), params.get());
@@ -644,8 +652,8 @@ void CQenNrmDialog::onHatch() {
     setText(nmPath(L"DRAW"), L"SMDB");
     setText(domainPath(s.barp, L"DRAW"), L"SMDB");
   } else {
-    ZEL::cfg_remove(CZelDataKey(nmPath(L"DRAW")));
-    ZEL::cfg_remove(CZelDataKey(domainPath(s.barp, L"DRAW")));
+    ZEL::cfg_remove(CZelDataKey::fromPath(nmPath(L"DRAW")));
+    ZEL::cfg_remove(CZelDataKey::fromPath(domainPath(s.barp, L"DRAW")));
   }
   SendMessage(WM_NRM_REFRESH_FRAME);
   showGenerated();

@@ -112,7 +112,8 @@ void CQenNrmTabEigenschaften::rebuildTree(const std::vector<std::string>& filter
 }
 
 namespace {
-bool isInner(const std::string& type) { return type == "CATEGORY" || type == "GROUP"; }
+// Inner nodes of the tree; the catalogue's domains ("BAR", "PIECE") are its top categories.
+bool isInner(const std::string& type) { return type == "CATEGORY" || type == "GROUP" || type == "DOMAIN"; }
 
 // Appends `leaf` to the string array under `path` + "LEAFS" of the picker item.
 void addLeaf(CZelDataItem& picker, const Stack& parentPath, const std::string& leaf) {
@@ -229,7 +230,7 @@ void CQenNrmTabEigenschaften::refreshProps() {
   if (!s.nd.empty() && s.stack.size() > 2) setTextOrRemove(nmPath(L"ND"), wide(s.nd));
 
   if (m_mapStacks.empty()) {
-    ZEL::cfg_remove(CZelDataKey(nmPath(L"STACK")));
+    ZEL::cfg_remove(CZelDataKey::fromPath(nmPath(L"STACK")));
     disableAll();
     m_propsRefreshing = false;
     return;
@@ -256,7 +257,11 @@ void CQenNrmTabEigenschaften::refreshProps() {
     setTextOrRemove(nmPath(L"MAT"), wide(mat));
     m_material.ResetContent();
     for (const std::string& m : materials) {
-      const int line = m_material.AddString(m_matMgr.matLabel(wide(m), L"-1").c_str());
+      // The material manager knows the drawing's materials; the catalogue labels its own.
+      CZelString label = m_matMgr.matLabel(wide(m), L"-1");
+      if (label.isEmpty()) label = wide(QEN::norm_mat_label(m, utf8(country())));
+      if (label.isEmpty()) label = wide(m);
+      const int line = m_material.AddString(label.c_str());
       if (m == mat) m_material.SetCurSel(line);
     }
     m_material.EnableWindow(materials.size() > 1);
@@ -334,7 +339,7 @@ void CQenNrmTabEigenschaften::onMat() {
   const CZelString key3 = part ? ZEL::objKey(part.get(), 3) : CZelString();
   const CZelString key2 = part ? ZEL::objKey(part.get(), 2) : CZelString();
   const CZelString setPath = key2.isEmpty() ? CZelString() : CZelString(L"*NM_SET*\\") + key2;
-  CZelDataItem* preset = key3.isEmpty() ? nullptr : ZEL::cfg_get(CZelDataKey(CZelString(L"*QEN_OBJ_PROP*\\") + key3));
+  CZelDataItem* preset = key3.isEmpty() ? nullptr : ZEL::cfg_get(CZelDataKey::fromPath(CZelString(L"*QEN_OBJ_PROP*\\") + key3));
   if (preset && preset->isDir()) mergeInto(*preset, setPath);
   const bool presetHasLayer = preset && preset->isDir() && preset->getDir()->item(L"IS_LAY");
   if (mat != "SYSTEM" && getInt(L"NORM_MAT_LAYER").value_or(0) == 1 && getInt(nmPath(L"IS_LAY")).value_or(-1) == 0 &&

@@ -117,7 +117,7 @@ void CQenNrmTabEigenschaften::refreshDims(const Stack& stack, const std::string&
   const bool onlyStandard = intProp(stack, "NODIN_LEN", 0) == 1;
   if (onlyStandard && !lengths.empty()) {
     freeLength = false;
-    ZEL::cfg_remove(CZelDataKey(nmPath(L"NODIN")));
+    ZEL::cfg_remove(CZelDataKey::fromPath(nmPath(L"NODIN")));
     const int near = lengthNear(length, lengths);
     length = lengths[near >= 0 && near < static_cast<int>(lengths.size()) ? static_cast<std::size_t>(near) : 0];
     setReal(nmPath(L"LEN"), length);

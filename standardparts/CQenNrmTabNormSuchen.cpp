@@ -151,7 +151,7 @@ void CQenNrmTabNormSuchen::showPicture(const Stack& stack) {
   bool drawn = false;
   if (!stack.empty()) {
     const std::string prototype = nodeProp(stack, "PROTOTYPE");
-    if (!prototype.empty() && ZEL::cfg_get(CZelDataKey(kResult))) {
+    if (!prototype.empty() && ZEL::cfg_get(CZelDataKey::fromPath(kResult))) {
       std::unique_ptr<CZelDataItem> params(new CZelDataItem());
       params->mkDir();
       CZelDataKey main(L"MAIN"), folder(L"FOLDER"), x(L"X"), y(L"Y");
@@ -183,7 +183,7 @@ void CQenNrmTabNormSuchen::onGoto() {
   if (line >= 0 && line < static_cast<int>(results.size())) setStack(kObj, results[static_cast<std::size_t>(line)]);
   const Stack obj = getStack(kObj).value_or(Stack{});
   if (!obj.empty() && obj != getStack(nmPath(L"STACK")).value_or(Stack{})) {
-    ZEL::cfg_remove(CZelDataKey(L"*NM_TREE*"));
+    ZEL::cfg_remove(CZelDataKey::fromPath(L"*NM_TREE*"));
     setStack(nmPath(L"STACK"), obj);
     setText(nmPath(L"MODE"), L"MAIN");
     if (std::unique_ptr<CZelDataItem> part = generate(onlyArticles())) release(part.get());

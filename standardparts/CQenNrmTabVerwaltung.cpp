@@ -72,7 +72,7 @@ void CQenNrmTabVerwaltung::refresh() {
   ZEL::CDtaFilePointer* file = piece ? m_pieceFile : m_dinFile;
 
   GetDlgItem(IDC_NRMV_OBJECT)->EnableWindow(!isSubDlg());
-  CZelDataItem* preset = ZEL::cfg_get(CZelDataKey(L"*QEN_OBJ_PROP*\\*DIN*"));
+  CZelDataItem* preset = ZEL::cfg_get(CZelDataKey::fromPath(L"*QEN_OBJ_PROP*\\*DIN*"));
   GetDlgItem(IDC_NRMV_PRESET_REM)->EnableWindow(preset && preset->isDir() && !preset->getDir()->isEmpty());
   if (std::optional<Stack> presetStack = getStack(L"*QEN_OBJ_PROP*\\*DIN*\\STACK")) {
     const std::vector<std::string> filter = callerFilter();

@@ -4,19 +4,11 @@
 #include "data/CZelString.h"
 #include "ui/CZelGDX.h"
 
-#include <cmath>
-#include <limits>
-
-#if __has_include("norm/ZelNormGen.h")
 #include "norm/ZelNormGen.h"
-#define QEN_NRM_HAS_GEN 1
-#else
-#define QEN_NRM_HAS_GEN 0
-#endif
+#include "norm/ZelNormPrototype.h"
+#include "obj/ZelGdxImage.h"
 
 namespace qen::nrm {
-
-#if QEN_NRM_HAS_GEN
 
 std::unique_ptr<CZelDataItem> generate(bool onlyArticles) { return std::unique_ptr<CZelDataItem>(ZEL::norm_gen(onlyArticles)); }
 std::unique_ptr<CZelDataItem> generateFromStack(const ZEL::NormStack& stack, bool onlyArticles) {
@@ -47,43 +39,10 @@ std::string relAndNot(const std::string& a, const std::string& b) { return QEN::
 void spheres(std::map<std::string, std::string>& names, std::vector<std::string>& codes) { QEN::norm_spheres(names, codes); }
 void propSave() { QEN::norm_prop_save(); }
 void groupReset() { QEN::norm_grp_reset(); }
-bool canGenerate() { return true; }
 
-#else
-
-// Without the catalogue's generation, nothing is generated and the dimension tables are
-// empty: the dialog then shows the tree and the selection without a part.
-std::unique_ptr<CZelDataItem> generate(bool) { return nullptr; }
-std::unique_ptr<CZelDataItem> generateFromStack(const ZEL::NormStack&, bool) { return nullptr; }
-void generateReset() {}
-void release(CZelDataItem*) {}
-std::vector<std::string> variantList(const ZEL::NormStack&, const std::string&, bool) { return {""}; }
-int lengthNear(double value, const std::vector<double>& lengths) {
-  if (!std::isfinite(value) || lengths.empty()) return -1;
-  int best = 0;
-  for (int i = 1; i < static_cast<int>(lengths.size()); ++i)
-    if (std::fabs(std::fabs(lengths[i]) - value) < std::fabs(std::fabs(lengths[best]) - value)) best = i;
-  return best;
+bool drawPart(CZelGDX& gdx, const CZelDataItem* part) { return zel_gdx_image(L"NORM", gdx, part); }
+bool drawPrototype(CZelGDX& gdx, const CZelString& prototype, const CZelDataItem* params) {
+  return QEN::gdx_image_norm_prototype(gdx, prototype, params);
 }
-Table clampTable(const ZEL::NormStack&) { return {}; }
-Table clampRows(double, double, const Table&) { return {}; }
-double clampLength(double, double, const Table&, bool) { return std::numeric_limits<double>::quiet_NaN(); }
-std::vector<double> radiusRange(const ZEL::NormStack&) { return {}; }
-double radius(const ZEL::NormStack&, double value, const std::vector<double>&) { return value; }
-std::vector<std::string> sizeTexts(const ZEL::NormStack&, const std::vector<std::string>& sizes) { return sizes; }
-std::string lengthText(double length, int) { return std::to_string(length); }
-std::string relAnd(const std::string&, const std::string&) { return ""; }
-std::string relOr(const std::string& a, const std::string&) { return a; }
-std::string relAndNot(const std::string& a, const std::string&) { return a; }
-void spheres(std::map<std::string, std::string>&, std::vector<std::string>&) {}
-void propSave() {}
-void groupReset() {}
-bool canGenerate() { return false; }
-
-#endif
-
-bool drawPart(CZelGDX&, const CZelDataItem*) { return false; }
-bool drawPrototype(CZelGDX&, const CZelString&, const CZelDataItem*) { return false; }
-bool canDraw() { return false; }
 
 }  // namespace qen::nrm

@@ -51,8 +51,4 @@ void groupReset();
 bool drawPart(CZelGDX& gdx, const CZelDataItem* part);
 bool drawPrototype(CZelGDX& gdx, const CZelString& prototype, const CZelDataItem* params);
 
-// Whether the catalogue's part generation and the part drawing are part of this build.
-bool canGenerate();
-bool canDraw();
-
 }  // namespace qen::nrm

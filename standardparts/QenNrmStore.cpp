@@ -17,9 +17,9 @@ std::string utf8(const CZelString& text) { return text.toUtf8(); }
 CZelString nmPath(const wchar_t* name) { return CZelString(kSection) + L"\\" + name; }
 
 namespace {
-CZelDataItem* itemAt(const CZelString& path) { return ZEL::cfg_get(CZelDataKey(path)); }
+CZelDataItem* itemAt(const CZelString& path) { return ZEL::cfg_get(CZelDataKey::fromPath(path)); }
 
-void store(const CZelString& path, resbuf* chain) { ZEL::cfg_set(CZelDataKey(path), ZEL::mkDataItem(chain), true); }
+void store(const CZelString& path, resbuf* chain) { ZEL::cfg_set(CZelDataKey::fromPath(path), ZEL::mkDataItem(chain), true); }
 }  // namespace
 
 std::optional<CZelString> getText(const CZelString& path) {
@@ -46,7 +46,7 @@ std::optional<double> getReal(const CZelString& path) {
 void setText(const CZelString& path, const CZelString& value) { store(path, ZEL::mkResbuf(value.c_str())); }
 
 void setTextOrRemove(const CZelString& path, const CZelString& value) {
-  if (value.isEmpty()) ZEL::cfg_remove(CZelDataKey(path));
+  if (value.isEmpty()) ZEL::cfg_remove(CZelDataKey::fromPath(path));
   else setText(path, value);
 }
 
@@ -71,7 +71,7 @@ void setStack(const CZelString& path, const Stack& stack) {
   CZelArrayTempl<CZelString> parts;
   for (const std::string& s : stack) parts.add(wide(s));
   if (parts.isEmpty()) {
-    ZEL::cfg_remove(CZelDataKey(path));
+    ZEL::cfg_remove(CZelDataKey::fromPath(path));
     return;
   }
   store(path, ZEL::mkResbuf(parts));
@@ -111,7 +111,7 @@ void setStackList(const CZelString& path, const std::vector<Stack>& stacks) {
     add(ZEL::newRb(RTLE));
   }
   if (!head) {
-    ZEL::cfg_remove(CZelDataKey(path));
+    ZEL::cfg_remove(CZelDataKey::fromPath(path));
     return;
   }
   store(path, head);
@@ -183,18 +183,18 @@ std::string resolveSize(const Stack& stack, const std::vector<std::string>& size
   return stored;
 }
 
-CZelDataItem* section() { return ZEL::cfg_get(CZelDataKey(kSection)); }
+CZelDataItem* section() { return ZEL::cfg_get(CZelDataKey::fromPath(kSection)); }
 
 void mergeInto(const CZelDataItem& from, const CZelString& alsoTo) {
   if (!from.isDir()) return;
   CZelDataItem* nm = section();
   if (!nm || !nm->isDir()) {
-    ZEL::cfg_set(CZelDataKey(kSection), from.clone(), true);
+    ZEL::cfg_set(CZelDataKey::fromPath(kSection), from.clone(), true);
   } else {
     nm->getDir()->mergeFrom(*from.getDir(), 1);
   }
   if (alsoTo.isEmpty()) return;
-  CZelDataItem* target = ZEL::cfg_dir_make(CZelDataKey(alsoTo));
+  CZelDataItem* target = ZEL::cfg_dir_make(CZelDataKey::fromPath(alsoTo));
   if (target) target->mkDir()->mergeFrom(*from.getDir(), 1);
 }
 

@@ -1,0 +1,421 @@
+// Standard parts drawn from their figures, checked by coordinates: the hexagon of a hex
+// screw end-on, the side views' widths, thread and hidden lines by the display flags, the
+// cross-sections of rolled and hollow sections, the mirrored views and the hatch.
+#include "obj/geometry/ZelNormShape.h"
+
+#include "ShapeTestTools.h"
+#include "NormTestParts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using ZEL::geo::Layer;
+using ZEL::geo::normPartShape;
+using ZEL::geo::Path;
+using ZEL::geo::Shape;
+
+namespace {
+
+std::vector<Path> on(const Shape& s, Layer layer) {
+  std::vector<Path> out;
+  for (const Path& p : s.paths)
+    if (p.layer == layer) out.push_back(p);
+  return out;
+}
+
+geotest::Box boxOn(const Shape& s, Layer layer) {
+  geotest::Box box;
+  for (const Path& p : on(s, layer)) geotest::addToBox(box, p.points, p.closed);
+  return box;
+}
+
+// Closed contour paths of straight edges with n corners.
+std::vector<Path> polygons(const Shape& s, int n, Layer layer = Layer::Contour) {
+  std::vector<Path> out;
+  for (const Path& p : on(s, layer))
+    if (p.closed && p.points.count() == n &&
+        std::all_of(p.points.begin(), p.points.end(), [](const ZelVertex& v) { return v.bulge == 0.0; }))
+      out.push_back(p);
+  return out;
+}
+
+// Horizontal straight lines (y values) on a layer.
+std::vector<double> horizontalLines(const Shape& s, Layer layer) {
+  std::vector<double> ys;
+  for (const Path& p : on(s, layer))
+    if (!p.closed && p.points.count() == 2 && std::fabs(p.points[0].y - p.points[1].y) < 1e-9 &&
+        std::fabs(p.points[0].x - p.points[1].x) > 1e-9)
+      ys.push_back(p.points[0].y);
+  std::sort(ys.begin(), ys.end());
+  return ys;
+}
+
+bool hasValue(const std::vector<double>& values, double v, double tol = 1e-6) {
+  return std::any_of(values.begin(), values.end(), [&](double x) { return std::fabs(x - v) < tol; });
+}
+
+Shape drawn(CZelDataItem& part, int view, int flags) {
+  normtest::setView(part, view, flags);
+  return normPartShape(&part);
+}
+
+// Closed circles (two half arcs) on a layer: their radii.
+std::vector<double> circleRadii(const Shape& s, Layer layer) {
+  std::vector<double> r;
+  for (const Path& p : on(s, layer))
+    if (p.closed && p.points.count() == 2 && std::fabs(std::fabs(p.points[0].bulge) - 1.0) < 1e-12)
+      r.push_back(std::hypot(p.points[1].x - p.points[0].x, p.points[1].y - p.points[0].y) / 2.0);
+  std::sort(r.begin(), r.end());
+  return r;
+}
+
+}  // namespace
+
+TEST(NormShapeHexScrew, LeftViewShowsTheHexagonWithItsFlatsAndCorners) {
+  auto screw = normtest::iso4017M12(60.0, 0, 0);
+  const Shape s = normPartShape(screw.get());
+  const auto hex = polygons(s, 6);
+  ASSERT_EQ(hex.size(), 1u);
+  const geotest::Box box = geotest::extents(hex[0].points);
+  EXPECT_NEAR(box.width(), 18.0, 1e-9);    // across flats
+  EXPECT_NEAR(box.height(), 20.03, 1e-9);  // across corners
+  // Opposite corners: the vertices pairwise 20.03 apart through the centre; opposite flats
+  // 18 apart.
+  for (int i = 0; i < 3; ++i) {
+    const ZelVertex a = hex[0].points[i], b = hex[0].points[i + 3];
+    EXPECT_NEAR(a.x, -b.x, 1e-9);
+    EXPECT_NEAR(a.y, -b.y, 1e-9);
+  }
+  EXPECT_NEAR(std::hypot(hex[0].points[0].x - hex[0].points[3].x, hex[0].points[0].y - hex[0].points[3].y), 20.03, 1e-9);
+  // The chamfer circle on the head touches the flats; the bearing face and the shank lie
+  // behind the head.
+  EXPECT_TRUE(hasValue(circleRadii(s, Layer::Contour), 9.0));
+  const auto hidden = circleRadii(s, Layer::Hidden);
+  EXPECT_TRUE(hasValue(hidden, 16.63 / 2.0));
+  EXPECT_TRUE(hasValue(hidden, 6.0));
+}
+
+TEST(NormShapeHexScrew, RightViewSeesShankBearingFaceAndThreadFromTheTip) {
+  auto screw = normtest::iso4017M12(60.0, 32, 0);
+  const Shape s = normPartShape(screw.get());
+  const auto contour = circleRadii(s, Layer::Contour);
+  EXPECT_TRUE(hasValue(contour, 6.0));
+  EXPECT_TRUE(hasValue(contour, 16.63 / 2.0));
+  EXPECT_EQ(polygons(s, 6).size(), 1u);
+  EXPECT_TRUE(on(s, Layer::Hidden).empty());
+  // The thread root as three quarters of a circle, open at the upper right.
+  const auto thread = on(s, Layer::Thread);
+  ASSERT_EQ(thread.size(), 1u);
+  const geotest::Box b = geotest::extents(thread[0].points, false);
+  const double root = (12.0 - 1.2268 * 1.75) / 2.0;
+  EXPECT_NEAR(b.height(), 2.0 * root, 1e-6);
+  EXPECT_NEAR(b.width(), 2.0 * root, 1e-6);
+}
+
+TEST(NormShapeHexScrew, RightIsTheMirrorOfLeftForTheHexagon) {
+  auto screw = normtest::iso4017M12();
+  const Shape left = drawn(*screw, 0, 0), right = drawn(*screw, 32, 0);
+  const auto l = polygons(left, 6), r = polygons(right, 6);
+  ASSERT_EQ(l.size(), 1u);
+  ASSERT_EQ(r.size(), 1u);
+  for (int i = 0; i < 6; ++i) {
+    EXPECT_NEAR(r[0].points[i].x, -l[0].points[i].x, 1e-12);
+    EXPECT_NEAR(r[0].points[i].y, l[0].points[i].y, 1e-12);
+  }
+}
+
+TEST(NormShapeHexScrew, SideViewsSpanHeadAndLength) {
+  auto screw = normtest::iso4017M12();
+  const Shape front = drawn(*screw, 2, 0);
+  const geotest::Box f = boxOn(front, Layer::Contour);
+  EXPECT_NEAR(f.width(), 7.5 + 60.0, 1e-9);
+  EXPECT_NEAR(f.minX, -7.5, 1e-9);
+  EXPECT_NEAR(f.height(), 20.03, 1e-9);  // across corners in front
+  // The faces of the head seen across the corners: edges at ±e/4.
+  const auto frontLines = horizontalLines(front, Layer::Contour);
+  EXPECT_TRUE(hasValue(frontLines, 20.03 / 4.0));
+  EXPECT_TRUE(hasValue(frontLines, -20.03 / 4.0));
+  EXPECT_TRUE(hasValue(frontLines, 6.0));  // the shank
+  const Shape top = drawn(*screw, 1, 0);
+  EXPECT_NEAR(boxOn(top, Layer::Contour).height(), 18.0, 1e-9);  // across flats from above
+  EXPECT_TRUE(hasValue(horizontalLines(top, Layer::Contour), 0.0));
+  // Back: the front seen from behind, the head on the right.
+  const geotest::Box back = boxOn(drawn(*screw, 34, 0), Layer::Contour);
+  EXPECT_NEAR(back.maxX, 7.5, 1e-9);
+  EXPECT_NEAR(back.minX, -60.0, 1e-9);
+  const geotest::Box bottom = boxOn(drawn(*screw, 33, 0), Layer::Contour);
+  EXPECT_NEAR(bottom.width(), 67.5, 1e-9);
+  EXPECT_NEAR(bottom.height(), 18.0, 1e-9);
+}
+
+TEST(NormShapeHexScrew, ThreadLinesFollowTheirFlag) {
+  auto screw = normtest::iso4017M12();
+  const double root = (12.0 - 1.2268 * 1.75) / 2.0;
+  const Shape with = drawn(*screw, 2, 0);
+  const auto lines = horizontalLines(with, Layer::Thread);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_NEAR(lines[0], -root, 1e-9);
+  EXPECT_NEAR(lines[1], root, 1e-9);
+  // Thread to the head: the lines run from the bearing face to the tip.
+  for (const Path& p : on(with, Layer::Thread)) {
+    if (p.points.count() != 2 || std::fabs(p.points[0].y - p.points[1].y) > 1e-9) continue;
+    EXPECT_NEAR(std::min(p.points[0].x, p.points[1].x), 0.0, 1e-9);
+    EXPECT_NEAR(std::max(p.points[0].x, p.points[1].x), 60.0, 1e-9);
+  }
+  EXPECT_TRUE(on(drawn(*screw, 2, 0x08), Layer::Thread).empty());
+  EXPECT_TRUE(on(drawn(*screw, 32, 0x08), Layer::Thread).empty());
+  // With thread lines suppressed, nothing else changes.
+  const Shape without = drawn(*screw, 2, 0x08);
+  EXPECT_EQ(on(without, Layer::Contour).size(), on(with, Layer::Contour).size());
+}
+
+TEST(NormShapeHexScrew, HiddenLinesFollowTheirFlag) {
+  auto screw = normtest::iso4017M12();
+  EXPECT_FALSE(on(drawn(*screw, 0, 0), Layer::Hidden).empty());
+  EXPECT_TRUE(on(drawn(*screw, 0, 0x04), Layer::Hidden).empty());
+  // The thread seen from the head is hidden: it goes with either flag.
+  EXPECT_EQ(on(drawn(*screw, 0, 0x08), Layer::Hidden).size() + 1, on(drawn(*screw, 0, 0), Layer::Hidden).size());
+}
+
+TEST(NormShapeHexScrew, PartialThreadOfIso4014EndsWithAThreadLine) {
+  auto bolt = normtest::part("SCREW", "HEX", "ISO4014",
+                             {{"d", 12}, {"P", 1.75}, {"b1", 30}, {"b2", 36}, {"b3", 49}, {"dw", 16.63}, {"e", 20.03}, {"k", 7.5}, {"s", 18}},
+                             80.0, 2, 0);
+  const Shape s = normPartShape(bolt.get());
+  bool end = false;
+  for (const Path& p : on(s, Layer::Thread))
+    if (std::fabs(p.points[0].x - 50.0) < 1e-9 && std::fabs(p.points[1].x - 50.0) < 1e-9) end = true;
+  EXPECT_TRUE(end);  // 80 - b1
+}
+
+TEST(NormShapeHexScrew, CentreAxesOnlyWithTheirFlag) {
+  auto screw = normtest::iso4017M12();
+  for (int view : {0, 1, 2, 32, 33, 34}) {
+    EXPECT_TRUE(on(drawn(*screw, view, 0), Layer::Axis).empty()) << view;
+    EXPECT_FALSE(on(drawn(*screw, view, 0x01), Layer::Axis).empty()) << view;
+  }
+  // The axis of the side view runs beyond both ends.
+  const geotest::Box axis = boxOn(drawn(*screw, 2, 0x01), Layer::Axis);
+  EXPECT_LT(axis.minX, -7.5);
+  EXPECT_GT(axis.maxX, 60.0);
+  EXPECT_NEAR(axis.minY, 0.0, 1e-12);
+}
+
+TEST(NormShapeHexScrew, IsometricViewIsAPlausibleWireFrame) {
+  auto screw = normtest::iso4017M12();
+  const Shape iso = drawn(*screw, 3, 0);
+  ASSERT_FALSE(iso.isEmpty());
+  EXPECT_TRUE(geotest::allFinite(iso));
+  const geotest::Box b = geotest::extents(iso);
+  const double c = std::cos(3.14159265358979 / 6.0);
+  // The axis (67.5 long) on the 30° axis, the head (20.03 across) around it.
+  EXPECT_GT(b.width(), 67.5 * c);
+  EXPECT_LT(b.width(), (67.5 + 20.03) * c + 1e-9);
+  EXPECT_GT(b.height(), 20.03 * 0.9);
+  EXPECT_LT(b.height(), 20.03 + (67.5 + 20.03) * 0.5 + 1e-9);
+  EXPECT_TRUE(on(iso, Layer::Hidden).empty());
+}
+
+TEST(NormShapeSections, Ipe200EndViewHasItsFigures) {
+  auto ipe = normtest::ipe200(0, 0);
+  const Shape s = normPartShape(ipe.get());
+  const auto profile = polygons(s, 12);
+  ASSERT_EQ(profile.size(), 1u);
+  const geotest::Box box = geotest::extents(profile[0].points);
+  EXPECT_NEAR(box.height(), 200.0, 1e-9);
+  EXPECT_NEAR(box.width(), 100.0, 1e-9);
+  std::vector<double> xs, ys;
+  for (const ZelVertex& v : profile[0].points) {
+    xs.push_back(v.x);
+    ys.push_back(v.y);
+  }
+  EXPECT_TRUE(hasValue(xs, 2.8));   // web 5.6
+  EXPECT_TRUE(hasValue(xs, -2.8));
+  EXPECT_TRUE(hasValue(ys, 91.5));  // flange 8.5
+  EXPECT_TRUE(hasValue(ys, -91.5));
+  EXPECT_TRUE(s.areas.empty());
+}
+
+TEST(NormShapeSections, Ipe200SideViewsShowFlangesAndHiddenWeb) {
+  auto ipe = normtest::ipe200();
+  const Shape front = drawn(*ipe, 2, 0);
+  const auto visible = horizontalLines(front, Layer::Contour);
+  for (double y : {-100.0, -91.5, 91.5, 100.0}) EXPECT_TRUE(hasValue(visible, y)) << y;
+  EXPECT_NEAR(boxOn(front, Layer::Contour).width(), 1000.0, 1e-9);
+  const Shape top = drawn(*ipe, 1, 0);
+  const auto hidden = horizontalLines(top, Layer::Hidden);
+  ASSERT_EQ(hidden.size(), 2u);
+  EXPECT_NEAR(hidden[0], -2.8, 1e-9);
+  EXPECT_NEAR(hidden[1], 2.8, 1e-9);
+  EXPECT_NEAR(boxOn(top, Layer::Contour).height(), 100.0, 1e-9);
+  EXPECT_TRUE(on(drawn(*ipe, 1, 0x04), Layer::Hidden).empty());
+}
+
+TEST(NormShapeSections, CutFaceHatchedOnlyEndOnAndOnRequest) {
+  auto ipe = normtest::ipe200();
+  normtest::put(*ipe, L"DRAW", ZEL::mkResbuf(L"SMDB"));
+  for (int view : {0, 32}) {
+    const Shape s = drawn(*ipe, view, 0);
+    ASSERT_EQ(s.areas.size(), 1u) << view;
+    EXPECT_NEAR(std::fabs(geotest::signedArea(s.areas[0].outline)), 2 * 100 * 8.5 + (200 - 17) * 5.6, 1e-6);
+  }
+  for (int view : {1, 2, 3, 33, 34}) EXPECT_TRUE(drawn(*ipe, view, 0).areas.empty()) << view;
+  auto screw = normtest::iso4017M12();
+  normtest::put(*screw, L"DRAW", ZEL::mkResbuf(L"SMDB"));
+  EXPECT_TRUE(drawn(*screw, 0, 0).areas.empty());
+}
+
+TEST(NormShapeSections, RectangularHollowSectionHasItsWall) {
+  auto rhs = normtest::part("SECTION", "HOLLOW-RECT", "RHS", {{"h", 100}, {"b", 50}, {"t", 5}}, 1000.0, 0, 0);
+  const Shape s = normPartShape(rhs.get());
+  const auto contour = on(s, Layer::Contour);
+  ASSERT_EQ(contour.size(), 2u);
+  std::vector<geotest::Box> boxes{geotest::extents(contour[0].points), geotest::extents(contour[1].points)};
+  std::sort(boxes.begin(), boxes.end(), [](const auto& a, const auto& b) { return a.width() < b.width(); });
+  EXPECT_NEAR(boxes[1].width(), 50.0, 1e-6);
+  EXPECT_NEAR(boxes[1].height(), 100.0, 1e-6);
+  EXPECT_NEAR(boxes[0].width(), 40.0, 1e-6);  // wall 5 on each side
+  EXPECT_NEAR(boxes[0].height(), 90.0, 1e-6);
+  // The hatched wall: outer minus inner area.
+  normtest::put(*rhs, L"DRAW", ZEL::mkResbuf(L"SMDB"));
+  const Shape hatched = normPartShape(rhs.get());
+  ASSERT_EQ(hatched.areas.size(), 1u);
+  const double outer = 50 * 100 - (4 - 3.14159265358979) * 7.5 * 7.5;
+  const double inner = 40 * 90 - (4 - 3.14159265358979) * 5 * 5;
+  EXPECT_NEAR(std::fabs(geotest::signedArea(hatched.areas[0].outline)), outer - inner, 1e-3);
+  // Side views: the inner faces hidden, the tangent lines of the corners as light edges.
+  const Shape front = drawn(*rhs, 2, 0);
+  const auto hidden = horizontalLines(front, Layer::Hidden);
+  EXPECT_TRUE(hasValue(hidden, 45.0));
+  EXPECT_TRUE(hasValue(hidden, -45.0));
+  const auto light = horizontalLines(front, Layer::Light);
+  EXPECT_TRUE(hasValue(light, 50.0 - 7.5));
+  EXPECT_TRUE(hasValue(light, -50.0 + 7.5));
+  EXPECT_TRUE(on(drawn(*rhs, 2, 0x10), Layer::Light).empty());
+}
+
+TEST(NormShapeSections, CircularHollowSectionIsTwoCircles) {
+  auto chs = normtest::part("SECTION", "HOLLOW-ROUND", "CHS", {{"D", 48.3}, {"t", 3.2}}, 500.0, 32, 0);
+  const Shape s = normPartShape(chs.get());
+  const auto radii = circleRadii(s, Layer::Contour);
+  ASSERT_EQ(radii.size(), 2u);
+  EXPECT_NEAR(radii[0], 48.3 / 2.0 - 3.2, 1e-9);
+  EXPECT_NEAR(radii[1], 48.3 / 2.0, 1e-9);
+  const Shape front = drawn(*chs, 2, 0);
+  const auto visible = horizontalLines(front, Layer::Contour);
+  const auto hidden = horizontalLines(front, Layer::Hidden);
+  EXPECT_TRUE(hasValue(visible, 24.15));
+  EXPECT_TRUE(hasValue(visible, -24.15));
+  EXPECT_TRUE(hasValue(hidden, 24.15 - 3.2));
+  EXPECT_TRUE(hasValue(hidden, -24.15 + 3.2));
+}
+
+TEST(NormShapeSections, AsymmetricSectionsMirrorBetweenOppositeViews) {
+  auto channel = normtest::part("SECTION", "CHANNEL", "UPE", {{"h", 200}, {"b", 80}, {"tw", 6}, {"tf", 11}}, 1000.0);
+  const auto left = polygons(drawn(*channel, 0, 0), 8);
+  const auto right = polygons(drawn(*channel, 32, 0), 8);
+  ASSERT_EQ(left.size(), 1u);
+  ASSERT_EQ(right.size(), 1u);
+  for (int i = 0; i < 8; ++i) {
+    EXPECT_NEAR(right[0].points[i].x, -left[0].points[i].x, 1e-12);
+    EXPECT_NEAR(right[0].points[i].y, left[0].points[i].y, 1e-12);
+  }
+  // From the front (flanges toward the viewer) their inner faces are visible; from the back
+  // (the web's side) they are hidden.
+  EXPECT_TRUE(hasValue(horizontalLines(drawn(*channel, 2, 0), Layer::Contour), 89.0));
+  EXPECT_TRUE(hasValue(horizontalLines(drawn(*channel, 34, 0), Layer::Hidden), 89.0));
+  const geotest::Box back = boxOn(drawn(*channel, 34, 0), Layer::Contour);
+  EXPECT_NEAR(back.minX, -1000.0, 1e-9);
+  // The channel has a centre line only across its height.
+  const auto axes = on(drawn(*channel, 0, 0x01), Layer::Axis);
+  ASSERT_EQ(axes.size(), 1u);
+  EXPECT_NEAR(axes[0].points[0].y, 0.0, 1e-12);
+  EXPECT_NEAR(axes[0].points[1].y, 0.0, 1e-12);
+}
+
+TEST(NormShapeSections, DrillAxesMarkTheFlangeGaugeLines) {
+  auto ipe = normtest::ipe200();
+  EXPECT_TRUE(on(drawn(*ipe, 1, 0), Layer::Axis).empty());
+  const auto gauges = horizontalLines(drawn(*ipe, 1, 0x02), Layer::Axis);
+  ASSERT_EQ(gauges.size(), 2u);
+  EXPECT_NEAR(gauges[1], (2.8 + 50.0) / 2.0, 1e-9);
+  EXPECT_NEAR(gauges[0], -(2.8 + 50.0) / 2.0, 1e-9);
+  EXPECT_EQ(on(drawn(*ipe, 0, 0x02), Layer::Axis).size(), 4u);  // through each flange half
+}
+
+TEST(NormShapeNuts, HexNutEndOnShowsBoreAndInternalThread) {
+  auto nut = normtest::part("NUT", "HEX", "ISO4032",
+                            {{"d", 12}, {"P", 1.75}, {"dw", 16.6}, {"e", 20.03}, {"m", 10.8}, {"s_nom", 18}}, 0.0, 0, 0);
+  const Shape s = normPartShape(nut.get());
+  ASSERT_EQ(polygons(s, 6).size(), 1u);
+  const double root = (12.0 - 1.2268 * 1.75) / 2.0;
+  EXPECT_TRUE(hasValue(circleRadii(s, Layer::Contour), root));
+  const auto thread = on(s, Layer::Thread);
+  ASSERT_EQ(thread.size(), 1u);
+  EXPECT_NEAR(geotest::extents(thread[0].points, false).height(), 12.0, 1e-6);
+  const Shape front = drawn(*nut, 2, 0);
+  EXPECT_NEAR(boxOn(front, Layer::Contour).width(), 10.8, 1e-9);
+  EXPECT_TRUE(hasValue(horizontalLines(front, Layer::Hidden), 6.0));   // thread, internal
+  EXPECT_TRUE(hasValue(horizontalLines(front, Layer::Hidden), root));  // bore
+}
+
+TEST(NormShapeFamilies, EveryFamilyDrawsAllViewsFinite) {
+  const std::vector<std::unique_ptr<CZelDataItem>> parts = [] {
+    std::vector<std::unique_ptr<CZelDataItem>> v;
+    v.push_back(normtest::iso4017M12());
+    v.push_back(normtest::part("SCREW", "SOCKET", "ISO4762", {{"d", 8}, {"P", 1.25}, {"b", 28}, {"dk_max", 13}, {"k", 8}, {"s_mean", 6.02}, {"t", 4}}, 40));
+    v.push_back(normtest::part("SCREW", "COUNTERSUNK", "ISO10642", {{"d", 8}, {"P", 1.25}, {"b", 28}, {"dk_theo", 17.92}, {"csh_height", 4.96}, {"s_mean", 5.05}, {"t", 2.9}}, 30));
+    v.push_back(normtest::part("SCREW", "BUTTON", "ISO7380-1", {{"d", 8}, {"P", 1.25}, {"b", 28}, {"dk", 14}, {"k", 4.4}, {"s_mean", 5.07}, {"t_min", 2.6}}, 20));
+    v.push_back(normtest::part("SCREW", "BUTTON", "ISO7380-2", {{"d", 8}, {"P", 1.25}, {"b", 28}, {"c", 1.0}, {"dk", 14}, {"dk_c", 17.5}, {"k", 4.4}, {"s_mean", 5.07}, {"t_min", 2.6}}, 20));
+    v.push_back(normtest::part("SCREW", "PAN", "ISO7045", {{"d", 5}, {"P", 0.8}, {"b", 38}, {"dk_max", 9.5}, {"k", 3.7}, {"mH", 5.2}}, 20));
+    v.push_back(normtest::part("SCREW", "CHEESE", "ISO1207", {{"d", 5}, {"P", 0.8}, {"b", 38}, {"dk", 8.5}, {"k", 3.3}, {"n_min", 0.8}, {"t_min", 1.3}}, 20));
+    for (const char* set : {"ISO4026", "ISO4027", "ISO4029"})
+      v.push_back(normtest::part("SCREW", "SET", set, {{"d", 8}, {"P", 1.25}, {"t", 3}, {"dp", 5.5}, {"dt", 2}, {"df", 5}, {"s", 4}}, 12));
+    v.push_back(normtest::part("SCREW", "SET", "ISO4028", {{"d", 8}, {"P", 1.25}, {"d_p_max", 5.5}, {"s_nom", 4}, {"te_min", 3}, {"z_long_max", 4.3}}, 12));
+    v.push_back(normtest::part("SCREW", "TAPPING", "ISO7049", {{"d", 4.2}, {"dk_max", 8}, {"k_max", 3.1}, {"m_ref", 4.4}}, 16));
+    v.push_back(normtest::part("NUT", "LOCKING", "ISO7040", {{"d", 8}, {"P", 1.25}, {"d_w_min", 11.63}, {"e_min", 14.38}, {"h_max", 9.5}, {"m_min", 6.44}, {"s_max", 13}}, 0));
+    v.push_back(normtest::part("WASHER", "PLAIN", "ISO7089", {{"d", 8}, {"d1_min", 8.4}, {"d2_max", 16}, {"h", 1.6}}, 0));
+    v.push_back(normtest::ipe200());
+    v.push_back(normtest::part("SECTION", "ANGLE", "IS-ANGLE", {{"a", 50}, {"b", 50}, {"t", 5}}, 1000));
+    v.push_back(normtest::part("SECTION", "TEE", "IS-TEE", {{"h", 40}, {"b", 40}, {"tw", 6}, {"tf", 6}}, 1000));
+    return v;
+  }();
+  for (const auto& part : parts)
+    for (int view : ZEL::geo::kNormViews) {
+      const Shape s = drawn(*part, view, 0x03);
+      CZelString norm;
+      CZelDataKey key(L"NORM");
+      part->get(norm, &key);
+      EXPECT_FALSE(s.isEmpty()) << norm << " view " << view;
+      EXPECT_TRUE(geotest::allFinite(s)) << norm << " view " << view;
+      EXPECT_FALSE(on(s, Layer::Contour).empty()) << norm << " view " << view;
+    }
+}
+
+TEST(NormShapeFamilies, SocketAndSlotAreSeenWhereTheyOpen) {
+  auto cap = normtest::part("SCREW", "SOCKET", "ISO4762", {{"d", 8}, {"P", 1.25}, {"b", 28}, {"dk_max", 13}, {"k", 8}, {"s_mean", 6.02}, {"t", 4}}, 40);
+  EXPECT_EQ(polygons(drawn(*cap, 0, 0), 6).size(), 1u);            // the socket from the head
+  EXPECT_EQ(polygons(drawn(*cap, 32, 0), 6, Layer::Hidden).size(), 1u);  // behind the head from the tip
+  EXPECT_TRUE(hasValue(horizontalLines(drawn(*cap, 2, 0), Layer::Hidden), 6.02 / 2.0 / std::cos(3.14159265358979 / 6.0), 1e-6));
+  auto cheese = normtest::part("SCREW", "CHEESE", "ISO1207", {{"d", 5}, {"P", 0.8}, {"b", 38}, {"dk", 8.5}, {"k", 3.3}, {"n_min", 0.8}, {"t_min", 1.3}}, 20);
+  // The slot runs out at the sides: a notch in front, hidden from above.
+  EXPECT_TRUE(hasValue(horizontalLines(drawn(*cheese, 2, 0), Layer::Contour), 0.4));
+  EXPECT_FALSE(hasValue(horizontalLines(drawn(*cheese, 1, 0), Layer::Contour), 0.4));
+}
+
+TEST(NormShapeFamilies, UnusablePartsGiveNothing) {
+  EXPECT_TRUE(normPartShape(nullptr).isEmpty());
+  auto unknown = normtest::part("SCREW", "RIVET", "X", {{"d", 5}}, 10);
+  EXPECT_TRUE(normPartShape(unknown.get()).isEmpty());
+  auto noLength = normtest::iso4017M12(0.0);
+  EXPECT_TRUE(normPartShape(noLength.get()).isEmpty());
+  auto badView = normtest::iso4017M12(60.0, 5, 0);
+  EXPECT_TRUE(normPartShape(badView.get()).isEmpty());
+  auto thick = normtest::part("SECTION", "HOLLOW-ROUND", "CHS", {{"D", 10}, {"t", 6}}, 100);
+  EXPECT_TRUE(normPartShape(thick.get()).isEmpty());
+  auto huge = normtest::part("WASHER", "PLAIN", "ISO7089", {{"d1_min", 1e308}, {"d2_max", 1.7e308}, {"h", 1e308}}, 0);
+  const Shape s = normPartShape(huge.get());
+  EXPECT_TRUE(geotest::allFinite(s));
+}
