@@ -135,7 +135,9 @@ BOOL CHostNormPickerDlg::OnInitDialog() {
   }
   m_refreshing = false;
   refresh();
-  GotoDlgCtrl(&m_list);
+  // A list without a chosen line keeps the focus off it, so that no line looks chosen.
+  if (m_selected >= 0) GotoDlgCtrl(&m_list);
+  else GotoDlgCtrl(GetDlgItem(IDCANCEL));
   return FALSE;
 }
 
