@@ -28,7 +28,8 @@ QEN_API int qenItemDlgMenu(const ZEL::DlgEnv_st& env, CZelDataItem* object);
 // take an object from the drawing.
 QEN_API int qenNormMenu(const qenDlgEnv_st& env, int projections, bool editExisting, bool sheared,
                         CSharpDialogInterface* picker);
-// The material-types dialog of the standard "*NM*" describes: 1 OK, 0 Cancel.
+// The material types of the standard part "*NM*" describes: 1 OK (the highlighted material
+// becomes "*NM*\MAT"), 0 Cancel (the added materials are as they were), -1 not shown.
 QEN_API int qenNormMatMenu(const qenDlgEnv_st& env);
 
 // The host command functions: bridges to the host's Lisp functions of the same purpose.
