@@ -323,13 +323,6 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   if (std::find(families.begin(), families.end(), dsp) == families.end()) dsp = families.empty() ? "" : families.front();
   setText(nmPath(L"DSP"), wide(dsp));
 
-  // The header of the part "*NM*" describes (the generated part carries its type).
-  CZelString header;
-  if (isNorm) {
-    std::unique_ptr<CZelDataItem> part = generate(onlyArticles());
-    header = ZEL::obj_label_header(part ? part.get() : section(), country().c_str());
-  }
-  SetDlgItemText(IDC_NRM_LABEL, header.c_str());
 
   setStack(nmPath(L"STACK"), stack);
   if ((mode.isEmpty() || mode == L"MAIN" || mode == L"ADMIN") && m_props.initialising()) rebuildTree();
@@ -356,6 +349,12 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
   GetDlgItem(IDOK)->EnableWindow(isNorm);
 
   displayRefresh(stack, nd);
+  // The label header of the part "*NM*" describes (the generated part carries its type),
+  // once the display refresh has set the labeling flags of the family shown.
+  if (isNorm) {
+    std::unique_ptr<CZelDataItem> part = generate(onlyArticles());
+    SetDlgItemText(IDC_NRM_LABEL, ZEL::obj_label_header(part ? part.get() : section(), country().c_str()).c_str());
+  }
   m_props.setFrameRefreshing(false);
   return 0;
 }

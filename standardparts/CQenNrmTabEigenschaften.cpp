@@ -247,7 +247,9 @@ void CQenNrmTabEigenschaften::refreshProps() {
       Stack path = s.stack;
       path.insert(path.end(), {"", "VAR", v});
       const std::string key = ZEL::norm_get(path, "LABEL").value_or("");
-      const int line = m_variant.AddString(ZEL::msgText(wide(key).c_str(), L"???", country().c_str()).c_str());
+      // The catalogue's keys are the German texts: a key without translation shows itself.
+      const CZelString label = key.empty() ? CZelString(L"???") : ZEL::msgText(wide(key).c_str(), wide(key).c_str(), country().c_str());
+      const int line = m_variant.AddString(label.c_str());
       if (v == s.var) m_variant.SetCurSel(line);
     }
     m_variant.EnableWindow(!s.var.empty() && s.variants.size() >= 2);

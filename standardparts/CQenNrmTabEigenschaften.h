@@ -52,6 +52,9 @@ public:
   // The dimension group for a standard and nominal size.
   void refreshDims(const qen::nrm::Stack& stack, const std::string& nd);
 
+  // The nominal sizes shown on the alternate background (the bands of the size list).
+  const std::vector<int>& sizeBands() const { return m_size.altBackgr(); }
+
   bool rebuildPending() const { return m_rebuildPending; }
   void setRebuildPending(bool pending) { m_rebuildPending = pending; }
   void setFrameRefreshing(bool refreshing) { m_frameRefreshing = refreshing; }

@@ -7,6 +7,7 @@
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/CZelDataDir.h"
+#include "data/ZelDataFiles.h"
 #include "norm/ZelNormGen.h"
 #include "standardparts/QenNrmStore.h"
 #include "tests/support/DialogRun.h"
@@ -14,6 +15,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +25,19 @@ class NrmDialogTest : public ::testing::Test {
 protected:
   void SetUp() override {
     setenv("QEN_NORM_DB", QEN_NORM_DB_FILE, 1);
+    // The article table and the libraries live in a data folder of the test's own.
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    m_dir = std::filesystem::temp_directory_path() /
+            ("qen-nrm-" + std::to_string(::getpid()) + "-" + info->name());
+    std::filesystem::create_directories(m_dir);
+    ZEL::setDataFolder(m_dir.string());
     ZEL::cfgMgrPtr()->reset(CStoreFile::parse(R"json({"_COUNTRY": "de"})json", "store"));
     ZEL::norm_gen_init(false);
+  }
+
+  void TearDown() override {
+    ZEL::setDataFolder(".");
+    std::filesystem::remove_all(m_dir);
   }
 
   // Puts a JSON object's keys into the store (store-file form).
@@ -56,6 +70,8 @@ protected:
   static void select(const std::string& stackJson, const std::string& more = "") {
     store(R"({"*NM*": {"STACK": )" + stackJson + (more.empty() ? "" : ", " + more) + "}}");
   }
+
+  std::filesystem::path m_dir;
 };
 
 inline const char* const kIso4017 = R"(["PIECE", "SCREW", "HEX", "ISO4017"])";
