@@ -51,9 +51,12 @@ TEST(NormOutline, PointsAndRaysInAnIProfile) {
   EXPECT_FALSE(rayEntersInside(ipe, {50, 91.5}, {1, 0}, 1e-9));
   EXPECT_TRUE(rayEntersInside(ipe, {2.8, 91.5}, {-1, 0}, 1e-9));
   EXPECT_FALSE(rayEntersInside(ipe, {2.8, 91.5}, {1, 0}, 1e-9));
-  EXPECT_FALSE(rayEntersInside(ipe, {2.8, 91.5}, {0, -1}, 1e-9));  // along the web face
-  EXPECT_FALSE(rayEntersInside(ipe, {50, 91.5}, {0, -1}, 1e-9));   // down past the web, along the flange's end
-  EXPECT_TRUE(rayEntersInside(ipe, {50, 91.5}, {0, 1}, 1e-9));              // up through the flange
+  // Down along the web's face, then into the bottom flange.
+  EXPECT_TRUE(rayEntersInside(ipe, {2.8, 91.5}, {0, -1}, 1e-9));
+  // Down past the web and along the bottom flange's end face only; up along the top's.
+  EXPECT_FALSE(rayEntersInside(ipe, {50, 91.5}, {0, -1}, 1e-9));
+  EXPECT_FALSE(rayEntersInside(ipe, {50, 91.5}, {0, 1}, 1e-9));
+  EXPECT_TRUE(rayEntersInside(ipe, {20, 91.5}, {0, 1}, 1e-9));  // up through the flange
 }
 
 TEST(NormOutline, ContainmentOfOutlines) {
