@@ -9,13 +9,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 
 namespace {
 const char* const kSql[] = {
     // Families
     "SELECT name FROM family ORDER BY ord",
-    // Root
-    "SELECT key FROM node WHERE parent IS NULL ORDER BY ord",
+    // Root: every tree node (no sizes) with its parent's path, children in their order
+    "SELECT n.key, coalesce(p.path, '') FROM node n LEFT JOIN node p ON p.id = n.parent WHERE n.type <> 'SIZE' "
+    "ORDER BY n.parent, n.ord",
     // Children
     "SELECT c.key FROM node p JOIN node c ON c.parent = p.id WHERE p.path = ?1 AND c.type <> 'SIZE' ORDER BY c.ord",
     // Property
@@ -107,17 +109,29 @@ CNormDatabase::~CNormDatabase()
     sqlite3_close(m_db);
 }
 
+namespace {
+std::unique_ptr<CNormDatabase>& current()
+{
+    static std::unique_ptr<CNormDatabase> database;
+    return database;
+}
+}  // namespace
+
 CNormDatabase& CNormDatabase::instance()
 {
-    static CNormDatabase database(locate());
-    // Reported once: the dialogs ask again and again, and every answer is empty anyway.
-    static const bool reported = [] {
-        if (!database.isOpen())
-            std::fprintf(stderr, "%s\n", database.error().c_str());
-        return true;
-    }();
-    (void)reported;
-    return database;
+    auto& database = current();
+    if (!database) {
+        database = std::make_unique<CNormDatabase>(locate());
+        // Reported once: the dialogs ask again and again, and every answer is empty anyway.
+        if (!database->isOpen())
+            std::fprintf(stderr, "%s\n", database->error().c_str());
+    }
+    return *database;
+}
+
+void CNormDatabase::reopen(const std::string& path)
+{
+    current() = std::make_unique<CNormDatabase>(path.empty() ? locate() : path);
 }
 
 std::string CNormDatabase::locate()
@@ -159,9 +173,32 @@ std::vector<std::string> CNormDatabase::families()
     return texts(Families, {});
 }
 
+const CNormDatabase::Index& CNormDatabase::tree()
+{
+    if (m_index.loaded || !m_db)
+        return m_index;
+    m_index.loaded = true;
+    if (sqlite3_stmt* statement = prepared(Root)) {
+        Reset reset{statement};
+        while (sqlite3_step(statement) == SQLITE_ROW)
+            m_index.children[column(statement, 1)].push_back(column(statement, 0));
+    }
+    if (sqlite3_stmt* statement = prepared(Standards)) {
+        Reset reset{statement};
+        bind(statement, 1, std::string());
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            m_index.standards.push_back(readStandard(statement));
+            m_index.standardAt[m_index.standards.back().path] = m_index.standards.size() - 1;
+        }
+    }
+    return m_index;
+}
+
 std::vector<std::string> CNormDatabase::children(const std::string& path)
 {
-    return path.empty() ? texts(Root, {}) : texts(Children, path);
+    const Index& index = tree();
+    const auto found = index.children.find(path);
+    return found == index.children.end() ? std::vector<std::string>() : found->second;
 }
 
 std::optional<std::string> CNormDatabase::property(const std::string& path, const std::string& name)
@@ -194,26 +231,17 @@ CNormDatabase::Standard CNormDatabase::readStandard(sqlite3_stmt* statement)
 
 std::optional<CNormDatabase::Standard> CNormDatabase::standard(const std::string& path)
 {
-    sqlite3_stmt* statement = prepared(StandardAt);
-    if (!statement)
+    const Index& index = tree();
+    const auto found = index.standardAt.find(path);
+    if (found == index.standardAt.end())
         return std::nullopt;
-    Reset reset{statement};
-    bind(statement, 1, path);
-    if (sqlite3_step(statement) != SQLITE_ROW)
-        return std::nullopt;
-    return readStandard(statement);
+    return index.standards[found->second];
 }
 
 std::vector<CNormDatabase::Standard> CNormDatabase::standardsBelow(const std::string& path)
 {
     std::vector<Standard> out;
-    sqlite3_stmt* statement = prepared(Standards);
-    if (!statement)
-        return out;
-    Reset reset{statement};
-    bind(statement, 1, path);
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        out.push_back(readStandard(statement));
+    forEachStandardBelow(path, [&](const Standard& s) { out.push_back(s); });
     return out;
 }
 

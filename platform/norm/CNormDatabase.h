@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,9 @@ public:
 
     // The process's database, opened on first use at the path `locate()` gives.
     static CNormDatabase& instance();
+    // Replaces the process's database by the one at the path (`locate()` for an empty path);
+    // for tools and benchmarks that compare catalogues. References to the old one die.
+    static void reopen(const std::string& path);
     // $QEN_NORM_DB when set and not empty, else "qen_norm.db" beside the shared library or
     // program that holds this code.
     static std::string locate();
@@ -46,6 +50,17 @@ public:
     std::optional<Standard> standard(const std::string& path);
     // Every standard at or below the node at the path (all for an empty path), in tree order.
     std::vector<Standard> standardsBelow(const std::string& path);
+    // Calls `visit` for every standard at or below the node at the path, in tree order,
+    // without copying them.
+    template <class Visit>
+    void forEachStandardBelow(const std::string& path, Visit&& visit)
+    {
+        const Index& index = tree();
+        for (const Standard& s : index.standards)
+            if (path.empty() || s.path == path || (s.path.size() > path.size() && s.path.compare(0, path.size(), path) == 0 &&
+                                                   s.path[path.size()] == '\\'))
+                visit(s);
+    }
     // Nominal sizes of the standard at the path, in the order of its table; with a variant
     // only the sizes of that variant.
     std::vector<std::string> sizes(const std::string& path, const std::string& variant = {});
@@ -62,6 +77,17 @@ public:
     std::vector<Area> areas();
 
 private:
+    // The tree (nodes other than sizes) and the standards, read once on first use: the tree
+    // and the search walk them far more often than anything else.
+    struct Index {
+        bool loaded = false;
+        std::unordered_map<std::string, std::vector<std::string>> children;  // path -> child keys
+        std::vector<Standard> standards;                                   // tree order
+        std::unordered_map<std::string, std::size_t> standardAt;           // path -> index
+    };
+    const Index& tree();
+    Index m_index;
+
     enum Query {
         Families, Root, Children, Property, StandardAt, Standards, Sizes, Lengths, Materials, MaterialLabel, Areas,
         QueryCount

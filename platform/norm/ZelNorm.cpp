@@ -221,8 +221,9 @@ std::optional<std::pair<double, double>> clampingRange(double length, const Norm
     }
     if (!row)
         return std::nullopt;
+    // No clamped thickness below 0: a length below the first row's gives the range from 0.
     const double shift = length - (*row)[0];
-    return std::make_pair((*row)[1] + shift, (*row)[2] + shift);
+    return std::make_pair(std::max(0.0, (*row)[1] + shift), (*row)[2] + shift);
 }
 }  // namespace
 
@@ -231,7 +232,7 @@ NormTable norm_klm(double length, double clamping, const NormTable& table)
     if (!std::isfinite(length))
         return {};
     const auto range = clampingRange(std::fabs(length), table);
-    if (!range)
+    if (!range || range->second < range->first)
         return {};
     double use = clamping;
     if (std::isnan(use) || use <= 0)
@@ -292,14 +293,14 @@ bool norm_tree_leaves(const NormStack& stack, const std::string& mask, std::vect
     if (!path.empty() && !db.property(path, "TYPE"))
         return false;
     const CNormMask matcher(mask);
-    for (const auto& s : db.standardsBelow(path)) {
+    db.forEachStandardBelow(path, [&](const CNormDatabase::Standard& s) {
         for (const std::string* text : {&s.din, &s.iso, &s.enIso, &s.en, &s.other, &s.key, &s.titleDe, &s.titleEn}) {
             if (!text->empty() && matcher.matches(*text)) {
                 results.push_back(stackOf(s.path));
                 break;
             }
         }
-    }
+    });
     return true;
 }
 
