@@ -16,10 +16,6 @@
 
 #include <algorithm>
 
-// The material-types dialog is the host developer's entry; a build without it leaves
-// "Material..." without effect.
-QEN_API int qenNormMatMenu(const qenDlgEnv_st& env) __attribute__((weak));
-
 using namespace qen;
 using namespace qen::nrm;
 
@@ -362,7 +358,6 @@ void CQenNrmTabEigenschaften::onMat() {
 void CQenNrmTabEigenschaften::onMatDef() {
   resolve(&m_mapStacks);
   const CZelString keyBefore = ZEL::objKey(section(), 3);
-  if (!qenNormMatMenu) return;
   qenDlgEnv_st env;
   env.country = country();
   if (qenNormMatMenu(env) != IDOK) return;
