@@ -9,9 +9,17 @@ const char* CHostOptions::usage() {
          "                     [--drawing-out FILE] [--record NAME=VALUE]... [--projections N]\n"
          "                     [--editing] [--sheared] [--trace] [--gui | --headless]\n"
          "                     [--pick VALUE]...\n"
+         "      --projections N, --editing, --sheared: for run DIN (the standard parts) only: the\n"
+         "        edited part's projections in the drawing (0 to 1000; default: the object's\n"
+         "        \"PROJECTIONS\"), an existing part is edited (also with --record object=HANDLE),\n"
+         "        it is sheared (also when the drawing's \"sheared\" lists DIN)\n"
+         "      --pick VALUE: the answer to a pick the dialog ends for, in order: a length for a\n"
+         "        value pick (DIN: end code 3 the further dimension, 4 the length), a handle for\n"
+         "        \"Objekt <\" (103)\n"
          "  qen-host list\n"
          "  qen-host init --store FILE\n"
-         "  qen-host store FILE get KEY | set KEY JSON | remove KEY | check\n";
+         "  qen-host store FILE get KEY | set KEY JSON | remove KEY | check\n"
+         "  qen-host --help\n";
 }
 
 bool CHostOptions::parse(int argc, char** argv, std::string& error) {
@@ -81,6 +89,7 @@ bool CHostOptions::parse(int argc, char** argv, std::string& error) {
         return false;
       }
       projections = static_cast<int>(v);
+      projectionsGiven = true;
     } else if (a == "--editing") editing = true;
     else if (a == "--sheared") sheared = true;
     else if (a == "--trace") trace = true;

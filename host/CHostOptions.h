@@ -19,6 +19,7 @@ struct CHostOptions {
   // round trip, in order (--pick VALUE, repeated).
   std::vector<std::string> picks;
   int projections = 0;
+  bool projectionsGiven = false;
   bool editing = false;
   bool sheared = false;
   bool trace = false;

@@ -1,6 +1,7 @@
 #include "HostEntries.h"
 
 #include "HostEntryHooks.h"
+#include "HostNormHooks.h"
 
 #include "qen_entries.h"
 
@@ -30,8 +31,9 @@ const std::vector<HostEntry>& hostEntries() {
      [](HostCall& c) { prepareAccessory(c, L"AXIS"); }, &finishAxis},
     {"qenDlgHzBl", "BLECH", "bent sheets and composite panels", [](HostCall& c) { return qenDlgHzBl(c.record); }},
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
-    {"qenNormMenu", "DIN", "standard parts", nullptr},
-    {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", nullptr},
+    {"qenNormMenu", "DIN", "standard parts", &callNorm, &prepareNorm, &finishNorm, true},
+    {"qenNormMatMenu", "NORM_MAT", "material types of standard parts", [](HostCall& c) { return qenNormMatMenu(c.record); },
+     &prepareNormMat},
     {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },
      prepareLayers, finishLayers},

@@ -12,6 +12,13 @@ struct HostCall {
   // The answers to the dialogs' picks in the drawing (--pick), taken in order.
   std::vector<std::string> picks = {};
   std::size_t nextPick = 0;
+  // The further arguments of the standard-parts dialog: the edited part's projections in
+  // the drawing (given: --projections, else the object's), whether an existing part is
+  // edited and whether it is sheared.
+  int projections = 0;
+  bool projectionsGiven = false;
+  bool editing = false;
+  bool sheared = false;
 };
 
 struct HostEntry {
@@ -23,6 +30,8 @@ struct HostEntry {
   // user's choices back into the object afterwards (none: nothing).
   void (*prepare)(HostCall&) = nullptr;
   void (*finish)(HostCall&, int code) = nullptr;
+  // Whether the entry takes --projections, --editing and --sheared (the standard parts).
+  bool takesPartArguments = false;
 };
 
 const std::vector<HostEntry>& hostEntries();

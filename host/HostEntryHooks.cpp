@@ -121,12 +121,24 @@ CZelString sectionOf(const wchar_t* type) {
   return info ? CZelString(info->section) : CZelString();
 }
 
-// Keys of an object's data that are the drawing's, not the type's settings.
+}  // namespace
+
+// "PROJECTIONS": how many projections a standard part has in the drawing.
 bool drawingOnlyKey(const CZelString& name) {
-  return name == L"OBJ" || name == L"NAME" || name == L"DICT_PATH" || name == L"GEN";
+  return name == L"OBJ" || name == L"NAME" || name == L"DICT_PATH" || name == L"GEN" || name == L"PROJECTIONS";
 }
 
-// After OK the edited object takes the settings, less what only lives while a dialog runs.
+CZelDataItem* drawingObjectOfType(const wchar_t* type, const CZelString& handle) {
+  CZelDataItem* data = CZelDrawing::current().objectData(handle);
+  CZelString objectType;
+  CZelDataKey typeKey(L"TYPE");
+  if (!data || !data->get(objectType, &typeKey) || !objectType.match(type)) {
+    ZEL::cmdPrint(L"pick: the drawing has no " + CZelString(type) + L" object " + handle);
+    return nullptr;
+  }
+  return data;
+}
+
 void takeSettings(CZelDataItem* object, const CZelDataItem& settings) {
   if (!object) return;
   for (ZEL::CDataIterator it(&settings); !it.done(); it.next()) {
@@ -136,21 +148,16 @@ void takeSettings(CZelDataItem* object, const CZelDataItem& settings) {
   }
 }
 
-// The object becomes the one being edited: its values go into the settings.
-bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle) {
+bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle, bool edit) {
   CZelDrawing& drawing = CZelDrawing::current();
-  CZelDataItem* data = drawing.objectData(handle);
-  CZelString objectType;
-  CZelDataKey typeKey(L"TYPE");
-  if (!data || !data->get(objectType, &typeKey) || !objectType.match(type)) {
-    ZEL::cmdPrint(L"pick: the drawing has no " + CZelString(type) + L" object " + handle);
-    return false;
-  }
+  CZelDataItem* data = drawingObjectOfType(type, handle);
+  if (!data) return false;
   const CZelString section = sectionOf(type);
   CZelDataItem* settings = ZEL::cfg_get(CZelDataKey(section));
   if (!settings) settings = ZEL::cfg_dir_make(CZelDataKey(section));
   for (ZEL::CDataIterator it(data); !it.done(); it.next())
     if (!drawingOnlyKey(it.name())) settings->mkDir()->insert(it.name(), it.item(), true);
+  if (!edit) return true;
   CZelDataKey orig(L"ORIG");
   settings->put(&orig, ZEL::mkResbuf(handle.c_str(), RTENAME));
   drawing.currentObject[type] = handle;
@@ -158,8 +165,6 @@ bool editObject(HostCall& c, const wchar_t* type, const CZelString& handle) {
   c.object = data;
   return true;
 }
-
-}  // namespace
 
 void prepareAccessory(HostCall& c, const wchar_t* type) {
   if (!c.record.object.isNull()) editObject(c, type, c.record.object.handle());
@@ -198,31 +203,39 @@ bool pickedLength(const std::string& text, double& value) {
 
 }  // namespace
 
-int callAccessory(HostCall& c, const wchar_t* type, int (*entry)(qenDlgEnv_st&), std::span<const HostValuePick> values) {
+int callAccessory(HostCall& c, const wchar_t* type, const std::function<int(qenDlgEnv_st&)>& entry,
+                  std::span<const HostValuePick> values, HostObjectPick objectPick) {
   int code = entry(c.record);
   while (c.nextPick < c.picks.size()) {
     if (code == 103) {
       const CZelString handle = CZelString::fromUtf8(c.picks[c.nextPick++]);
       ZEL::cmdPrint(L"pick: " + CZelString(type) + L" object " + handle);
-      if (!editObject(c, type, handle)) break;
+      if (!editObject(c, type, handle, objectPick == HostObjectPick::Edit)) break;
       code = entry(c.record);
       continue;
     }
     const HostValuePick* asked = nullptr;
     for (const HostValuePick& v : values)
       if (v.code == code) asked = &v;
-    if (!asked || !asked->key) break;
+    if (!asked || (!asked->key && !asked->take)) break;
     const std::string text = c.picks[c.nextPick++];
     double value = 0.0;
     if (!pickedLength(text, value)) {
       ZEL::cmdPrint(L"pick: not a length: " + CZelString::fromUtf8(text));
       break;
     }
-    CZelDataKey key;
-    const CZelString section = sectionOf(type);
-    key.set(5005, section.c_str(), 5005, asked->key, 0);
-    ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbReal(value)), true);
-    ZEL::cmdPrint(L"pick: " + CZelString(type) + L" " + asked->key + L" = " + CZelString::fromUtf8(text));
+    CZelString name;
+    if (asked->take) {
+      name = asked->take(value);
+      if (name.isEmpty()) break;
+    } else {
+      name = asked->key;
+      CZelDataKey key;
+      const CZelString section = sectionOf(type);
+      key.set(5005, section.c_str(), 5005, name.c_str(), 0);
+      ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbReal(value)), true);
+    }
+    ZEL::cmdPrint(L"pick: " + CZelString(type) + L" " + name + L" = " + CZelString::fromUtf8(text));
     code = entry(c.record);
   }
   return code;

@@ -186,6 +186,12 @@ int hostRun(const CHostOptions& options) {
   if (!entry) return fail("unknown entry \"" + options.entry + "\"; qen-host list shows them");
   if (!hostEntryAvailable(*entry))
     return fail(std::string(entry->function) + " (" + entry->objectType + "): this dialog does not exist yet");
+  if (!entry->takesPartArguments) {
+    const char* given = options.projectionsGiven ? "--projections" : options.editing ? "--editing" : options.sheared ? "--sheared" : nullptr;
+    if (given)
+      return fail(std::string(given) + " is an argument of the standard-parts dialog (run DIN) only, not of " +
+                  entry->function + " (" + entry->objectType + ")");
+  }
   if (options.gui && options.headless) return fail("--gui and --headless exclude each other");
   if (options.gui && !options.script.empty()) return fail("--gui and --script exclude each other: a script answers the dialogs itself");
 
@@ -255,6 +261,10 @@ int hostRun(const CHostOptions& options) {
   ZEL::clearDataFileFailures();
   HostCall call{record, object};
   call.picks = options.picks;
+  call.projections = options.projections;
+  call.projectionsGiven = options.projectionsGiven;
+  call.editing = options.editing;
+  call.sheared = options.sheared;
   if (entry->prepare) entry->prepare(call);
   CScriptBackend backend(std::move(script), std::cout, std::cerr, options.trace);
   int code = 0;

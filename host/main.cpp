@@ -5,9 +5,14 @@
 
 #include <clocale>
 #include <iostream>
+#include <string>
 
 int main(int argc, char** argv) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
+  if (argc >= 2 && (std::string(argv[1]) == "--help" || std::string(argv[1]) == "-h" || std::string(argv[1]) == "help")) {
+    std::cout << CHostOptions::usage();
+    return 0;
+  }
   CHostOptions options;
   std::string error;
   if (!options.parse(argc, argv, error)) {

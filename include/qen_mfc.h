@@ -22,6 +22,15 @@ QEN_API int qenDlgObjTxt(const qenDlgEnv_st& env, CZelDataItem* object);
 // The item dialog on an object's data (none: the object the store's "*QEN_OBJ_GEN*" holds
 // from the last call). Returns the dialog's own end code: 1 OK, 2 Cancel, -1 not shown.
 QEN_API int qenItemDlgMenu(const ZEL::DlgEnv_st& env, CZelDataItem* object);
+// The standard-parts dialog ("Normteile") on the part "*NM*" describes. `projections` and
+// `sheared` describe an edited part (`editExisting`); `picker` answers a click on the
+// preview. Returns 1 OK, 2 Cancel, 3 pick the further dimension, 4 pick the length, 103
+// take an object from the drawing.
+QEN_API int qenNormMenu(const qenDlgEnv_st& env, int projections, bool editExisting, bool sheared,
+                        CSharpDialogInterface* picker);
+// The material types of the standard part "*NM*" describes: 1 OK (the highlighted material
+// becomes "*NM*\MAT"), 0 Cancel (the added materials are as they were), -1 not shown.
+QEN_API int qenNormMatMenu(const qenDlgEnv_st& env);
 
 // The host command functions: bridges to the host's Lisp functions of the same purpose.
 QEN_API void fav_save(const CZelString& type);

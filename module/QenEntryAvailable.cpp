@@ -19,6 +19,8 @@ QEN_API bool qenEntryAvailable(const char* entryFunction) {
   };
   for (const auto& d : kDialogs)
     if (std::strcmp(d.function, entryFunction) == 0) return CQenDialogFactory::has(d.entry);
-  // The item dialog is not one of the factory's main dialogs: it is always part of the module.
-  return std::strcmp(entryFunction, "qenItemDlgMenu") == 0;
+  // The item dialog, the standard-parts dialog and its material types are not factory
+  // dialogs: they are always part of the module.
+  return std::strcmp(entryFunction, "qenItemDlgMenu") == 0 || std::strcmp(entryFunction, "qenNormMenu") == 0 ||
+         std::strcmp(entryFunction, "qenNormMatMenu") == 0;
 }

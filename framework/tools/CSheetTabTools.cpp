@@ -137,9 +137,12 @@ void CSheetTabTools::setButtonIcons(CDialog& dialog) {
                                                     {qen::IDC_ASSIGN_LABEL, qen::IDI_ASSIGN_LABEL},
                                                     {qen::IDC_FAV_SAVE, qen::IDI_FAV_SAVE},
                                                     {qen::IDC_FAV_RESTORE, qen::IDI_FAV_RESTORE}};
-  for (const auto& [id, icon] : kIcons)
-    if (dialog.GetDlgItem(id))
-      dialog.button(id).SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(iconHandle(icon)));
+  for (const auto& [id, icon] : kIcons) setButtonIcon(dialog, id, icon);
+}
+
+void CSheetTabTools::setButtonIcon(CDialog& dialog, int id, UINT icon) {
+  if (dialog.GetDlgItem(id))
+    dialog.button(id).SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(iconHandle(icon)));
 }
 
 bool CSheetTabTools::layerAssignment(ZEL::CDtaFilePointer* section, const qenDlgEnv_st& record) {

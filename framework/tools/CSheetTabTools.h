@@ -45,6 +45,8 @@ public:
 
   // The icons of the shared buttons L, S, B, + and -, on those the dialog has.
   static void setButtonIcons(CDialog& dialog);
+  // One icon on one button of the dialog (none: the dialog has no such button).
+  static void setButtonIcon(CDialog& dialog, int id, UINT icon);
 
   // The assignment dialogs on the object of the section; true when the user chose OK.
   bool layerAssignment(ZEL::CDtaFilePointer* section, const qenDlgEnv_st& record);

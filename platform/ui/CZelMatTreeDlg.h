@@ -4,10 +4,8 @@
 #pragma once
 
 #include "ui/CZelDlg.h"
+#include "ui/CZelMatTreeCtrl.h"
 #include "ui/DlgEnvMatTree_st.h"
-
-#include <map>
-#include <set>
 
 class CZelMatTreeDlg : public CZelDlg {
 public:
@@ -27,14 +25,11 @@ public:
 private:
   static const CMessageMapEntry kEntries[];
   void command(const CZelString& word);
-  void fill();
-  HTREEITEM insertMaterial(const CZelString& name);
   CZelString selectedMaterial() const;
   void refresh();
 
   ZEL::DlgEnvMatTree_st m_env;
   CZelString m_material;
-  std::set<CZelString> m_offered;
-  std::map<CZelString, HTREEITEM> m_nodes;
+  CZelMatTreeCtrl m_tree;
   bool m_refreshing = false;
 };
