@@ -264,3 +264,17 @@ TEST_F(NrmDialogTest, ThePickButtonsEndTheDialogWithTheirCodes) {
   EXPECT_EQ(run("tab 3\nclick 3/10379\n").result, 103);
   EXPECT_TRUE(qenEntryAvailable("qenNormMenu"));
 }
+
+TEST_F(NrmDialogTest, TheAssignmentsWorkOnTheGeneratedPartAndKeepItsSettingsPerStandard) {
+  select(kIso4017, R"("ND": "M12", "MAT": "8.8", "LEN": 60.0)");
+  // The layer dialog opens on the part; whatever it answers, the part's settings are kept
+  // for the standard.
+  DialogRun r = run("click 10294\ncancel\nexpect 15007 selected 0\nok\n");
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(text(L"*NM_SET*\\DIN:ISO4017\\TYPE"), "DIN");
+  EXPECT_EQ(text(L"*NM_SET*\\DIN:ISO4017\\NORM"), "ISO4017");
+  EXPECT_EQ(text(L"*NM*\\ND"), "M12");
+  // The labeling dialog likewise, then the label line is shown again.
+  r = run("click 10335\ncancel\nexpect 11008 text \"DIN 933 - Stahl 8.8 blank\"\nok\n");
+  ASSERT_EQ(r.status, 0) << r.err;
+}
