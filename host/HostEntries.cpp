@@ -32,7 +32,7 @@ const std::vector<HostEntry>& hostEntries() {
     {"qenDlgHzBl", "BLECH", "bent sheets and composite panels", [](HostCall& c) { return qenDlgHzBl(c.record); }},
     {"qenHzPrMenu", "HLBZ", "semi-finished profiles", nullptr},
     {"qenNormMenu", "DIN", "standard parts", &callNorm, &prepareNorm, &finishNorm, true},
-    {"qenNormMatMenu", "NORM_MAT", "standard-part areas and material types", [](HostCall& c) { return qenNormMatMenu(c.record); },
+    {"qenNormMatMenu", "NORM_MAT", "material types of standard parts", [](HostCall& c) { return qenNormMatMenu(c.record); },
      &prepareNormMat},
     {"qenItemDlgMenu", "ITEM", "article numbers", &callItem},
     {"qenDlgMatObjLayer", "LAYER", "layers of an object or a material", [](HostCall& c) { return qenDlgMatObjLayer(c.record); },

@@ -217,23 +217,24 @@ int callAccessory(HostCall& c, const wchar_t* type, const std::function<int(qenD
     const HostValuePick* asked = nullptr;
     for (const HostValuePick& v : values)
       if (v.code == code) asked = &v;
-    if (!asked || (!asked->key && !asked->keyOf)) break;
-    const CZelString name = asked->keyOf ? asked->keyOf() : CZelString(asked->key);
-    if (name.isEmpty()) {
-      ZEL::cmdPrint(L"pick: " + CZelString(type) + L" has nothing to pick for end code " + CZelString(std::to_wstring(code)));
-      break;
-    }
+    if (!asked || (!asked->key && !asked->take)) break;
     const std::string text = c.picks[c.nextPick++];
     double value = 0.0;
     if (!pickedLength(text, value)) {
       ZEL::cmdPrint(L"pick: not a length: " + CZelString::fromUtf8(text));
       break;
     }
-    CZelDataKey key;
-    const CZelString section = sectionOf(type);
-    key.set(5005, section.c_str(), 5005, name.c_str(), 0);
-    ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbReal(value)), true);
-    if (asked->after) asked->after();
+    CZelString name;
+    if (asked->take) {
+      name = asked->take(value);
+      if (name.isEmpty()) break;
+    } else {
+      name = asked->key;
+      CZelDataKey key;
+      const CZelString section = sectionOf(type);
+      key.set(5005, section.c_str(), 5005, name.c_str(), 0);
+      ZEL::cfg_set(key, ZEL::mkDataItem(ZEL::mkRbReal(value)), true);
+    }
     ZEL::cmdPrint(L"pick: " + CZelString(type) + L" " + name + L" = " + CZelString::fromUtf8(text));
     code = entry(c.record);
   }

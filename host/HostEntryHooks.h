@@ -28,14 +28,13 @@ int callItem(HostCall& c);
 // is a pick the host does not model: the run ends with it. A VALUE that is no finite number
 // ends the run too, with a message, and nothing is stored.
 //
-// Where the key depends on what is being set (the further dimension of a standard part),
-// `keyOf` names it; when it names none the run ends with a message. `after` records what
-// else the pick means (a picked length is a free length).
+// Where storing the value takes more than one key (the further dimension of a standard part
+// and what follows from it), `take` stores it instead: it returns the key it stored the
+// value under, or nothing after it has said why it refuses the value (the run then ends).
 struct HostValuePick {
   int code;
   const wchar_t* key;
-  CZelString (*keyOf)() = nullptr;
-  void (*after)() = nullptr;
+  CZelString (*take)(double value) = nullptr;
 };
 // What "Objekt <" (103) does with the picked object: it becomes the object being edited
 // (the accessories), or only its values are taken into the type's settings (the standard

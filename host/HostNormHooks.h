@@ -11,8 +11,11 @@
 void prepareNorm(HostCall& c);
 // Runs the dialog with the host's picture choice. End code 3 (the further dimension) takes
 // the next --pick VALUE as the part's clamping length, radius or countersink depth, whichever
-// its standard has; 4 takes it as a free length ("LEN", "NODIN" 1); 103 takes the part of the
-// object the next --pick HANDLE names into "*NM*". After each the dialog opens again.
+// its standard has (a clamping length sets the length that gives it, none: refused; a radius
+// must lie within the size's range); 4 takes it as a free length ("LEN", "NODIN" 1); 103
+// takes the part of the object the next --pick HANDLE names into "*NM*". Dimensions are also
+// kept in the per-domain settings. After each the dialog opens again; a refused value ends
+// the run with the code.
 int callNorm(HostCall& c);
 // After OK the edited object becomes the part "*NM*" describes; "ORIG" is removed.
 void finishNorm(HostCall& c, int code);

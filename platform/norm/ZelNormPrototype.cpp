@@ -7,80 +7,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <map>
 #include <memory>
 
 namespace ZEL {
 
 namespace {
-
-// The column order of the catalogue tables (the cells of a size's "DATA" follow the table's
-// columns after "size" and "preferred", or after a section's "name"), for a catalogue that
-// does not yet state it as the standard's "COLUMNS" property.
-const std::map<std::string, std::string>& knownColumns() {
-  static const std::map<std::string, std::string> table = {
-      {"ISO4014", "d;P;b1;b2;b3;c;dw;e;k;r;s"},
-      {"ISO4017", "d;P;c;dw;e;k;r;s"},
-      {"DIN933", "d;P;c;dw;e;k;r;s"},
-      {"ISO4762", "d;P;b;dk_max;da;ds_min;e;lf;k;r;s_mean;t;v;dw;w"},
-      {"ISO10642", "d;P;b;dk_theo;csh_diam;da;ds_min;e;csh_height;r;s_mean;t;w"},
-      {"ISO7380-1", "d;P;b;a;da;dk;dk_mean;s_mean;t_min;r;k;e;w"},
-      {"ISO7380-2", "d;P;b;c;da;dk;dk_c;s_mean;t_min;r;k;e;w"},
-      {"ISO7045", "d;P;a;b;dk_max;da;k;r;rf;x;cT;mH;mZ"},
-      {"ISO1207", "d;P;a;b;dk;dk_mean;da;k;n_min;r;t_min;x"},
-      {"DIN84", "d;P;a;b;dk;dk_mean;da;k;n_min;r;t_min;x"},
-      {"ISO4026", "d;P;t;dp;dt;df;s"},
-      {"ISO4027", "d;P;t;dp;dt;df;s"},
-      {"ISO4028", "d;P;d_p_max;d_p_min;e_min;s_nom;s_max;s_min;td_min;te_min;z_short_max;z_short_min;z_long_max;"
-                  "z_long_min;l_short_max"},
-      {"ISO4029", "d;P;t;dp;dt;df;s"},
-      {"ISO7049", "d;forms;da_max;dk_max;dk_min;k_max;k_min;r_min;r_f;PH;m_ref;pene_max;pene_min"},
-      {"ISO4032", "d;P;c;damax;dw;e;m;mw;s_nom"},
-      {"DIN934", "d;P;c;damax;dw;e;m;mw;s_nom"},
-      {"ISO4035", "d;P;c;damax;dw;e;m;s_nom"},
-      {"ISO7040", "d;P;d_a_max;d_a_min;d_w_min;e_min;h_max;h_min;m_min;m_w_min;s_max;s_min"},
-      {"ISO10511", "d;P;d_a_max;d_a_min;d_w_min;e_min;h_max;h_min;m_min;m_w_min;s_max;s_min"},
-      {"DIN985", "d;P;damax;dw;e;m;h;s_nom"},
-      {"ISO7089", "d;d1_min;d2_max;h;h_max"},
-      {"ISO7090", "d;d1_min;d2_max;h;h_max"},
-      {"ISO7091", "d;d1_min;d2_max;h;h_max"},
-      {"ISO7093-1", "d;d1_min;d2_max;h;h_max"},
-      {"IPE", "series;h;b;tw;tf"},
-      {"INP", "series;h;b;tw;tf"},
-      {"HEA", "series;h;b;tw;tf"},
-      {"HEB", "series;h;b;tw;tf"},
-      {"HEM", "series;h;b;tw;tf"},
-      {"UPE", "series;h;b;tw;tf"},
-      {"RHS", "h;b;t"},
-      {"CHS", "D;t"},
-      {"UB", "series;h;b;tw;tf"},
-      {"UC", "series;h;b;tw;tf"},
-      {"W", "series;h;b;tw;tf"},
-      {"IS-BEAM", "series;h;b;tw;tf"},
-      {"IS-CHANNEL", "series;h;b;tw;tf"},
-      {"IS-ANGLE", "a;b;t"},
-      {"IS-TEE", "series;h;b;tw;tf"},
-      {"IS-RHS", "h;b;t"},
-      {"IS-SHS", "h;b;t"},
-      {"ALU-C", "h;b;tw;tf"},
-  };
-  return table;
-}
-
-std::vector<std::string> split(const std::string& text) {
-  std::vector<std::string> out;
-  std::string cell;
-  for (char c : text) {
-    if (c == ';' || c == ',') {
-      out.push_back(cell);
-      cell.clear();
-    } else {
-      cell += c;
-    }
-  }
-  out.push_back(cell);
-  return out;
-}
 
 NormStack extended(NormStack stack, const std::string& key) {
   stack.push_back(key);
@@ -149,19 +80,10 @@ NormStack norm_first_standard(const NormStack& stack) {
   return {};
 }
 
-std::vector<std::string> norm_columns(const NormStack& standardStack) {
-  if (const auto columns = norm_get(standardStack, "COLUMNS"); columns && !columns->empty()) return split(*columns);
-  if (standardStack.size() < 4) return {};
-  const auto it = knownColumns().find(standardStack[3]);
-  return it == knownColumns().end() ? std::vector<std::string>{} : split(it->second);
-}
-
 CZelDataItem* norm_part_item(const NormStack& standardStack, const std::string& size, double length, int view, int flags) {
   if (standardStack.size() < 4 || size.empty()) return nullptr;
-  const auto data = norm_get(extended(standardStack, size), "DATA");
-  const std::vector<std::string> columns = norm_columns(standardStack);
-  if (!data || columns.empty()) return nullptr;
-  const std::vector<std::string> cells = split(*data);
+  const auto figures = norm_size_dims(extended(standardStack, size));
+  if (figures.empty()) return nullptr;
   auto part = std::make_unique<CZelDataItem>();
   part->mkDir();
   put(*part, L"TYPE", mkResbuf(L"DIN"));
@@ -176,19 +98,9 @@ CZelDataItem* norm_part_item(const NormStack& standardStack, const std::string& 
   if (length > 0.0) put(*part, L"LEN", mkRbReal(length));
   put(*part, L"VIEW", mkRbLong(view));
   put(*part, L"AXIS", mkRbLong(flags));
-  int figures = 0;
-  for (std::size_t i = 0; i < columns.size() && i < cells.size(); ++i) {
-    try {
-      std::size_t used = 0;
-      const double v = std::stod(cells[i], &used);
-      if (used != cells[i].size() || !std::isfinite(v)) continue;
-      put(*part, (L"DIM\\" + CZelString::fromUtf8(columns[i])).c_str(), mkRbReal(v));
-      ++figures;
-    } catch (...) {
-      // a text cell ("C F"): not a figure
-    }
-  }
-  return figures > 0 ? part.release() : nullptr;
+  for (const auto& [name, value] : figures)
+    if (std::isfinite(value)) put(*part, (L"DIM\\" + CZelString::fromUtf8(name)).c_str(), mkRbReal(value));
+  return part.release();
 }
 
 CZelDataItem* norm_representative_part(const NormStack& stack) {

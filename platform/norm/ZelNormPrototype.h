@@ -17,10 +17,8 @@ namespace ZEL {
 NormStack norm_node_stack(const std::string& key);
 // The first standard at or below the node, in tree order; empty when none.
 NormStack norm_first_standard(const NormStack& stack);
-// The column names of a standard's size rows, in the order of the cells of its "DATA".
-std::vector<std::string> norm_columns(const NormStack& standardStack);
 // The part item of a size of a standard ("TYPE" "DIN", "STACK", "NORM", "CATEGORY",
-// "GROUP", "BARP", "ND", "LEN" when `length` > 0, "DIM" from the size's "DATA", "VIEW" and
+// "GROUP", "BARP", "ND", "LEN" when `length` > 0, "DIM" the size's figures (norm_size_dims), "VIEW" and
 // "AXIS"); a new item the caller deletes, nullptr when the size has no figures.
 CZelDataItem* norm_part_item(const NormStack& standardStack, const std::string& size, double length, int view, int flags);
 // The representative part of a node (see above); nullptr when the node has no standard

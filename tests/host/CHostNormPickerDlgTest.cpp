@@ -147,3 +147,21 @@ TEST_F(HostNormPickerTest, TheCallInterfaceStartsFromTheStoredStackAndAnswersThe
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(HostNormPickerTest, SpeaksTheUsersLanguage) {
+  ZEL::cfgMgrPtr()->reset(CStoreFile::parse(R"({"_COUNTRY": "en"})", "store"));
+  ZEL::CUniqPointer<CZelDataItem> item(leaves(kCatalogueLeaves));
+  CHostNormPickerDlg dlg(item.get(), {"PIECE", "NUT", "HEX", "ISO4032"});
+  DialogRun r = runDialog(dlg,
+                          "expect dialog text \"Choose a standard part\"\n"
+                          "expect 11041 text \"&Previous\"\n"
+                          "expect 11042 text \"&Next\"\n"
+                          "expect 11043 text \"Page 1 / 1\"\n"
+                          "expect 2 text \"Cancel\"\n"
+                          "cancel\n");
+  EXPECT_EQ(r.status, 0) << r.err;
+}
+
+}  // namespace

@@ -100,7 +100,7 @@ TEST_F(QenHostTest, BadArgumentsAndUnknownEntriesEndWithStatusTwo) {
     EXPECT_EQ(r.status, 2) << args << "\n" << r.out;
     EXPECT_NE(r.out.find("qen-host: "), std::string::npos) << args;
   }
-  Result unbuilt = run("run NORM_MAT --store " + path("x.json"));
+  Result unbuilt = run("run HLBZ --store " + path("x.json"));
   EXPECT_EQ(unbuilt.status, 2);
   EXPECT_NE(unbuilt.out.find("does not exist yet"), std::string::npos) << unbuilt.out;
 }

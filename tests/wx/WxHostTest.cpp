@@ -248,6 +248,35 @@ TEST_F(WxHostTest, TheCloseBoxAndEscapeCancelAsTheDialogsCancelButton) {
   EXPECT_EQ(stored("DONE"), "") << "OK was never pressed";
 }
 
+// The standard-parts dialog in a window: a click on its preview opens qen-host's picture
+// choice in a window of its own; a click on the first picture and OK there make that
+// standard the selection, which the store keeps after Cancel in the main dialog.
+TEST_F(WxHostTest, ThePreviewOpensThePictureChoiceAndAPictureChoosesTheStandard) {
+  m_host = QEN_HOST_EXE;
+  startWith({"DIN", "--drawing", QEN_SOURCE_DIR "/tests/scripts/drawings/norm_parts.json", "--record", "object=D1"});
+  std::string main = window("Normteile");
+  ASSERT_FALSE(main.empty()) << slurp(m_dir / "log.txt");
+  int bx = 0, by = 0;
+  ASSERT_TRUE(baseUnits(10265, bx, by)) << slurp(m_dir / "log.txt");
+  settle();
+  click(main, bx, by, 334 + 105, 7 + 75);  // the preview
+  std::string picker = window("Normteil wählen");
+  ASSERT_FALSE(picker.empty()) << slurp(m_dir / "log.txt");
+  int px = 0, py = 0;
+  ASSERT_TRUE(baseUnits(10271, px, py)) << slurp(m_dir / "log.txt");
+  settle();
+  screenshot(picker, "din_picture_choice");
+  click(picker, px, py, 7 + 30, 22 + 24);   // the first picture: ISO 4014
+  click(picker, px, py, 318 + 25, 239 + 7);  // OK
+  settle();
+  keys(main, "Escape");
+  ASSERT_EQ(finish(), 0) << slurp(m_dir / "log.txt");
+  const std::string log = slurp(m_dir / "log.txt");
+  EXPECT_NE(log.find("end code: 2"), std::string::npos) << log;
+  std::string stack = sh(std::string(QEN_HOST_EXE) + " store " + (m_dir / "out.json").string() + " get '*NM*\\STACK'");
+  EXPECT_NE(stack.find("\"ISO4014\""), std::string::npos) << stack << log;
+}
+
 // Every dialog of the module opens in a window of the real qen-host, paints, and leaves a
 // screenshot in the build folder (wx-work/screenshots/entry_NAME.png). The cases name every
 // entry the host knows; one whose dialog this build does not have yet is skipped with the

@@ -207,8 +207,9 @@ void NormModel::endView(Shape& shape, bool fromStart, const ViewOptions& options
   for (const Segment& s : segments) {
     const double nearX = fromStart ? s.x0 : s.x1, farX = fromStart ? s.x1 : s.x0;
     const double nearS = fromStart ? s.s0 : s.s1, farS = fromStart ? s.s1 : s.s0;
-    put(scaled(s.outline, nearS), nearX, true, Layer::Contour);
-    if (std::fabs(farS - nearS) > 1e-12) put(scaled(s.outline, farS), farX, true, Layer::Contour);
+    const bool nearSeam = fromStart ? s.seamStart : s.seamEnd, farSeam = fromStart ? s.seamEnd : s.seamStart;
+    if (!nearSeam) put(scaled(s.outline, nearS), nearX, true, Layer::Contour);
+    if (!farSeam && std::fabs(farS - nearS) > 1e-12) put(scaled(s.outline, farS), farX, true, Layer::Contour);
     if (!s.hole.isEmpty()) put(s.hole, nearX, true, Layer::Contour);
   }
   for (const Recess& r : recesses) {
@@ -287,8 +288,8 @@ void NormModel::sideView(Shape& shape, int view, const ViewOptions& options) con
     extent(flat, vdir, lo, hi);
     along(s.x0, s.x1, lo * s.s0, lo * s.s1, Layer::Contour);
     along(s.x0, s.x1, hi * s.s0, hi * s.s1, Layer::Contour);
-    along(s.x0, s.x0, lo * s.s0, hi * s.s0, s.smoothStart ? Layer::Light : Layer::Contour);
-    along(s.x1, s.x1, lo * s.s1, hi * s.s1, s.smoothEnd ? Layer::Light : Layer::Contour);
+    if (!s.seamStart) along(s.x0, s.x0, lo * s.s0, hi * s.s0, s.smoothStart ? Layer::Light : Layer::Contour);
+    if (!s.seamEnd) along(s.x1, s.x1, lo * s.s1, hi * s.s1, s.smoothEnd ? Layer::Light : Layer::Contour);
     for (int i = 0; i < s.outline.count(); ++i) {
       const int kind = jointKind(s.outline, i);
       if (kind == 0) continue;
@@ -406,8 +407,8 @@ void NormModel::isoView(Shape& shape) const {
     }
   };
   for (const Segment& s : segments) {
-    ring(scaled(s.outline, s.s0), s.x0);
-    ring(scaled(s.outline, s.s1), s.x1);
+    if (!s.seamStart) ring(scaled(s.outline, s.s0), s.x0);
+    if (!s.seamEnd) ring(scaled(s.outline, s.s1), s.x1);
     generators(s.outline, s.x0, s.x1, s.s0, s.s1);
     if (!s.hole.isEmpty()) {
       ring(s.hole, s.x0);

@@ -35,6 +35,8 @@ struct Segment {
   CZelVertexArray hole;      // a through hole, unscaled; empty: none
   bool smoothStart = false;  // the edge at x0 is a tangent (light) edge
   bool smoothEnd = false;
+  bool seamStart = false;    // no edge at x0 at all: one curved surface goes on (pieces of a dome)
+  bool seamEnd = false;
 };
 
 struct Recess {

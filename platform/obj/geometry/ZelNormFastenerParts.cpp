@@ -51,8 +51,10 @@ void addDomeHead(NormModel& model, double bearing, double height, double r0, dou
     const double xi = x - rise * u;
     const double ri = rTop + (r0 - rTop) * std::sqrt(std::max(0.0, 1.0 - u * u));
     Segment& s = model.add(xi, prevX, unit, ri, prevR);
-    s.smoothEnd = i > 1 || straight > 0.0;
-    s.smoothStart = i < pieces;
+    // The pieces join without an edge; the dome meets the cylinder in a tangent edge.
+    s.seamEnd = i > 1;
+    s.smoothEnd = i == 1 && straight > 0.0;
+    s.seamStart = i < pieces;
     prevR = ri;
     prevX = xi;
   }

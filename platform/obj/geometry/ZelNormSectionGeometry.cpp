@@ -1,6 +1,7 @@
 // Open rolled sections: I- and H-beams, channels, angles and tees. The radii of the
-// rolling are not in the tables: corners are drawn sharp, flanges parallel (a tapered
-// flange by its mean thickness). Drill axes are the gauge lines of the flanges and legs,
+// rolling are not in the tables: corners are drawn sharp. The flanges of INP beams slope
+// at 14 % on their inner faces, with the table's thickness at the middle of each flange
+// half; all other flanges are drawn parallel. Drill axes are the gauge lines of the flanges and legs,
 // drawn at the middle of each flange half (legs: their middle).
 #include "obj/geometry/ZelNormFamilies.h"
 
@@ -15,9 +16,13 @@ NormModel beamModel(const NormPartFigures& f) {
   const double h = f("h"), b = f("b"), tw = f("tw"), tf = f("tf");
   if (h <= 0.0 || b <= 0.0 || tw <= 0.0 || tf <= 0.0 || tw >= b || 2.0 * tf >= h) return m;
   const double x = b / 2.0, y = h / 2.0, w = tw / 2.0, i = h / 2.0 - tf;
+  // The inner faces: at the flange tip `it`, at the web `iw` (equal for parallel flanges).
+  const double slope = f.norm == "INP" ? 0.14 : 0.0;
+  const double half = (b - tw) / 2.0;
+  const double it = std::min(i + slope * half / 2.0, y - 1e-3 * tf), iw = std::max(i - slope * half / 2.0, 0.0);
   m.bar = true;
-  m.add(0.0, barLength(f),
-        polyline({{-x, -y}, {x, -y}, {x, -i}, {w, -i}, {w, i}, {x, i}, {x, y}, {-x, y}, {-x, i}, {-w, i}, {-w, -i}, {-x, -i}}));
+  m.add(0.0, barLength(f), polyline({{-x, -y}, {x, -y}, {x, -it}, {w, -iw}, {w, iw}, {x, it}, {x, y}, {-x, y}, {-x, it}, {-w, iw},
+                                     {-w, -iw}, {-x, -it}}));
   const double gauge = (w + x) / 2.0, mid = (y + i) / 2.0;
   for (const Pt p : {Pt{gauge, mid}, Pt{-gauge, mid}, Pt{gauge, -mid}, Pt{-gauge, -mid}}) {
     m.drillPoints.push_back(p);

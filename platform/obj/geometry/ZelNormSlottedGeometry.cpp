@@ -58,10 +58,12 @@ NormModel tappingScrewModel(const NormPartFigures& f) {
   const CZelVertexArray unit = circle({0.0, 0.0}, 1.0);
   const double point = std::min(d, len / 2.0);
   m.add(0.0, len - point, unit, d / 2.0, d / 2.0);
-  m.add(len - point, len, unit, d / 2.0, d / 10.0);
+  const double tip = d / 10.0;
+  m.add(len - point, len, unit, d / 2.0, tip);
   Thread t;
   t.x0 = 0.0;
-  t.x1 = len - point / 2.0;
+  // The thread runs out where the cone reaches the root diameter.
+  t.x1 = len - point + point * std::clamp((d / 2.0 - root / 2.0) / (d / 2.0 - tip), 0.0, 1.0);
   t.minor = root / 2.0;
   t.major = d / 2.0;
   t.openStart = false;

@@ -89,7 +89,7 @@ NormModel setScrewModel(const NormPartFigures& f) {
   addHexSocket(m, 0.0, f.first({"s", "s_nom", "s_mean"}, 0.5 * d), std::min(f.first({"t", "te_min", "td_min"}, d), len * 0.8));
   Thread t;
   t.x0 = 0.0;
-  t.x1 = len;
+  t.x1 = pointStart;  // the thread runs out into the point
   t.minor = minor;
   t.major = r;
   t.openStart = t.openEnd = true;

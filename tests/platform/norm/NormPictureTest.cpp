@@ -2,6 +2,7 @@
 // drawing in all seven views; the part items carry the table's figures by name; the
 // prototype pictures of standards and inner nodes.
 #include "ZelNorm.h"
+#include "ZelNormGen.h"
 #include "ZelNormPrototype.h"
 
 #include "obj/geometry/ZelNormShape.h"
@@ -91,6 +92,26 @@ TEST(NormPictureCatalogue, EveryStandardDrawsItsFirstPreferredSizeInAllViews)
         }
     }
     EXPECT_EQ(drawn, static_cast<int>(standards.size()) * 7);
+}
+
+TEST(NormPictureCatalogue, EveryGeneratedDefaultPartDrawsInAllViews)
+{
+    // The parts the catalogue generates for a node (first preferred size, first length,
+    // a section's stock length) are what the dialogs draw.
+    std::vector<ZEL::NormStack> standards;
+    collectStandards({}, standards);
+    ASSERT_GE(standards.size(), 40u);
+    for (const ZEL::NormStack& standard : standards) {
+        std::unique_ptr<CZelDataItem> part(ZEL::norm_gen_from_stack(standard, false));
+        ASSERT_NE(part, nullptr) << standard.back();
+        for (int view : ZEL::geo::kNormViews) {
+            const CZelDataKey key(L"VIEW");
+            part->put(&key, ZEL::mkRbLong(view));
+            const ZEL::geo::Shape shape = ZEL::geo::normPartShape(part.get());
+            EXPECT_FALSE(shape.isEmpty()) << standard.back() << " view " << view;
+            EXPECT_TRUE(finite(shape)) << standard.back() << " view " << view;
+        }
+    }
 }
 
 TEST(NormPictureCatalogue, PartItemCarriesTheTableFiguresByName)

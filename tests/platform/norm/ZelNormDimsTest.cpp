@@ -133,6 +133,9 @@ TEST(ZelNormClamping, Iso4014RowsStartAtTheShankEndByLengthClass)
 
 TEST(ZelNormClamping, OnlyBoltsAndScrewsTakenWithANutHaveATable)
 {
+    // The table is the size's nested property "KLM" "LST".
+    EXPECT_EQ(ZEL::norm_get(with(with(kIso4017, "M12"), "KLM"), "LST"), ZEL::norm_get(with(kIso4017, "M12"), "KLM\\LST"));
+    EXPECT_NE(ZEL::norm_get(with(with(kIso4017, "M12"), "KLM"), "LST").value_or("").find("60,0,49.2"), std::string::npos);
     EXPECT_FALSE(ZEL::norm_klm_lst(with({"PIECE", "SCREW", "HEX", "DIN933"}, "M12")).empty());
     EXPECT_TRUE(ZEL::norm_klm_lst(with({"PIECE", "SCREW", "SOCKET", "ISO4762"}, "M12")).empty());
     EXPECT_TRUE(ZEL::norm_klm_lst(with(kIso4032, "M12")).empty());

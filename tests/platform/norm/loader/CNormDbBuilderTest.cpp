@@ -62,3 +62,37 @@ TEST(CNormDbBuilder, AMaterialForAnUnknownStandardIsRefused)
     EXPECT_NE(why.find("materials.csv:"), std::string::npos) << why;
     EXPECT_NE(why.find("unknown standard \"ISO9999\""), std::string::npos) << why;
 }
+
+TEST(CNormDbBuilder, EveryStandardNeedsExactlyAKnownRelease)
+{
+    std::string why;
+    {
+        const fs::path folder = copyCatalogue("catalogue_no_release");
+        std::ofstream(folder / "releases.csv") << "key,release\nISO4014,01\n";
+        EXPECT_FALSE(CNormDbBuilder::build(folder.string(), (fs::path(::testing::TempDir()) / "r1.db").string(), why));
+        EXPECT_EQ(why, (folder / "releases.csv").string() + ": no release for the standard IPE");  // the first standard built: bars come first
+    }
+    {
+        const fs::path folder = copyCatalogue("catalogue_odd_release");
+        std::ofstream(folder / "releases.csv", std::ios::app) << "ISO9999,01\n";
+        EXPECT_FALSE(CNormDbBuilder::build(folder.string(), (fs::path(::testing::TempDir()) / "r2.db").string(), why));
+        EXPECT_EQ(why, (folder / "releases.csv").string() + ": unknown standard \"ISO9999\"");
+    }
+}
+
+TEST(CNormDbBuilder, ClampingTablesNeedTheNutOfTheirSize)
+{
+    const fs::path folder = copyCatalogue("catalogue_no_nut");
+    // ISO 4032 without M12: the clamping tables of M12 cannot be derived.
+    std::ifstream in(folder / "pieces/ISO4032.csv");
+    std::string text, line;
+    while (std::getline(in, line))
+        if (line.rfind("M12,", 0) != 0)
+            text += line + "\n";
+    in.close();
+    std::ofstream(folder / "pieces/ISO4032.csv") << text;
+    std::string why;
+    EXPECT_FALSE(CNormDbBuilder::build(folder.string(), (fs::path(::testing::TempDir()) / "nut.db").string(), why));
+    EXPECT_NE(why.find("no ISO 4032 nut height for the size M12"), std::string::npos) << why;
+    EXPECT_NE(why.find("ISO4014.csv:"), std::string::npos) << why;
+}

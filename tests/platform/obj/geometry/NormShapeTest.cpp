@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <string>
 
 using ZEL::geo::Layer;
 using ZEL::geo::normPartShape;
@@ -238,6 +240,24 @@ TEST(NormShapeSections, Ipe200EndViewHasItsFigures) {
   EXPECT_TRUE(s.areas.empty());
 }
 
+TEST(NormShapeSections, InpFlangesSlopeAtFourteenPercent) {
+  auto inp = normtest::part("SECTION", "I-BEAM", "INP", {{"h", 200}, {"b", 90}, {"tw", 7.5}, {"tf", 11.3}}, 1000.0);
+  const auto profile = polygons(drawn(*inp, 0, 0), 12);
+  ASSERT_EQ(profile.size(), 1u);
+  const double half = (90 - 7.5) / 2.0;
+  std::vector<double> tips, roots;
+  for (const ZelVertex& v : profile[0].points) {
+    if (std::fabs(std::fabs(v.x) - 45.0) < 1e-9 && std::fabs(std::fabs(v.y) - 100.0) > 1e-9) tips.push_back(100.0 - std::fabs(v.y));
+    if (std::fabs(std::fabs(v.x) - 3.75) < 1e-9) roots.push_back(100.0 - std::fabs(v.y));
+  }
+  ASSERT_EQ(tips.size(), 4u);
+  ASSERT_EQ(roots.size(), 4u);
+  for (double t : tips) EXPECT_NEAR(t, 11.3 - 0.07 * half, 1e-9);
+  for (double t : roots) EXPECT_NEAR(t, 11.3 + 0.07 * half, 1e-9);
+  // The mean of the two is the table's thickness, as for a parallel flange.
+  EXPECT_NEAR((tips[0] + roots[0]) / 2.0, 11.3, 1e-9);
+}
+
 TEST(NormShapeSections, Ipe200SideViewsShowFlangesAndHiddenWeb) {
   auto ipe = normtest::ipe200();
   const Shape front = drawn(*ipe, 2, 0);
@@ -418,4 +438,29 @@ TEST(NormShapeFamilies, UnusablePartsGiveNothing) {
   auto huge = normtest::part("WASHER", "PLAIN", "ISO7089", {{"d1_min", 1e308}, {"d2_max", 1.7e308}, {"h", 1e308}}, 0);
   const Shape s = normPartShape(huge.get());
   EXPECT_TRUE(geotest::allFinite(s));
+}
+
+TEST(NormShapeFamilies, OddFiguresNeverGiveNonFiniteDrawings) {
+  const double odd[] = {0.0, -3.0, 1e-300, 1e300, std::nan(""), std::numeric_limits<double>::infinity()};
+  const std::vector<std::pair<const char*, const char*>> families = {
+      {"SCREW", "HEX"}, {"SCREW", "SOCKET"}, {"SCREW", "COUNTERSUNK"}, {"SCREW", "BUTTON"}, {"SCREW", "PAN"},
+      {"SCREW", "CHEESE"}, {"SCREW", "SET"}, {"SCREW", "TAPPING"}, {"NUT", "HEX"}, {"WASHER", "PLAIN"},
+      {"SECTION", "I-BEAM"}, {"SECTION", "CHANNEL"}, {"SECTION", "ANGLE"}, {"SECTION", "TEE"},
+      {"SECTION", "HOLLOW-RECT"}, {"SECTION", "HOLLOW-ROUND"}};
+  const char* names[] = {"d", "P", "k", "s", "e", "dk", "dk_max", "h", "b", "tw", "tf", "t", "D", "a", "m", "d1_min", "d2_max"};
+  for (const auto& [category, group] : families)
+    for (const char* name : names)
+      for (double value : odd) {
+        // A sound part of the family with one figure made odd.
+        std::vector<std::pair<const char*, double>> dims = {
+            {"d", 8}, {"P", 1.25}, {"k", 5}, {"s", 13}, {"e", 14.4}, {"dk", 13}, {"dk_max", 13}, {"h", 100}, {"b", 50},
+            {"tw", 5}, {"tf", 8}, {"t", 4}, {"D", 60}, {"a", 50}, {"m", 6.8}, {"d1_min", 8.4}, {"d2_max", 16}};
+        for (auto& dim : dims)
+          if (std::string(dim.first) == name) dim.second = value;
+        auto part = normtest::part(category, group, "X", dims, 40.0);
+        for (int view : {0, 2, 3}) {  // an end view, a side view, the isometric one
+          const Shape s = drawn(*part, view, 0x03);
+          EXPECT_TRUE(geotest::allFinite(s)) << category << "/" << group << " " << name << "=" << value << " view " << view;
+        }
+      }
 }
