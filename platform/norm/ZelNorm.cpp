@@ -89,6 +89,8 @@ std::optional<std::string> norm_get(const NormStack& stack, const std::string& n
     }
     if (auto value = db.property(pathOf(stack), name))
         return value;
+    if (db.property(pathOf(stack), "TYPE"))
+        return std::nullopt;  // the node exists and lacks the property
     // Nested property: the longest prefix that names a node, the rest leading to the name.
     for (std::size_t n = stack.size(); n-- > 1;) {
         const std::string node = pathOf(NormStack(stack.begin(), stack.begin() + static_cast<std::ptrdiff_t>(n)));

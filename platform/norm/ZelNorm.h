@@ -41,7 +41,10 @@ std::vector<std::string> norm_nd_lst(const NormStack& stack, const std::string& 
 // range, increasing; for a section the stock lengths. Empty for parts without a length
 // (nuts, washers) and for a material not offered for the standard.
 std::vector<double> norm_len_lst(const NormStack& sizeStack, const std::string& material, const std::string& variant);
-// Material keys offered for a standard, in the catalogue's order.
+// Material keys offered for a standard: the catalogue's in its order, then those the user added
+// in the material-types dialog ("*QEN_NM_PROP*\DIN:<standard>\MAT", a string array or a
+// single string) that the catalogue does not offer. With `onlyArticles` only materials with an
+// article in the article table.
 std::vector<std::string> norm_mat_lst(const NormStack& stack, bool onlyArticles);
 // Variants offered for a standard: {"COARSE", "FINE"} for a standard with fine-thread sizes,
 // else the single empty variant {""}. None for a node that is no standard or a material the

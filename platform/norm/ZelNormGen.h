@@ -39,8 +39,10 @@ CZelDataItem* norm_gen_from_stack(const NormStack& stack, bool onlyArticles);
 // Forgets the catalogue data cached for the last generated standard (sizes, materials,
 // designations). With `keep` true the cache stays (nothing happens).
 void norm_gen_init(bool keep);
-// Writes the part's resolved values ("STACK", "ND", "MAT", "VAR", "LEN", "KLM", "RAD",
-// "SENK", "VIEW", "AXIS") into "*NM*" where "*NM*" has no value of that name. A null part
+// Writes the part's resolved values ("TYPE", "STACK", "ND", "MAT", "VAR", "LEN", "KLM",
+// "RAD", "SENK", "VIEW", "AXIS") into "*NM*" where "*NM*" has no value of that name, and its
+// derived texts ("NORM", "DES_DIN", "DES_ISO", "DES_EN", "TITLE", "TITLE_EN", "MAT_LABEL",
+// "MAT_LABEL_EN") always, so that object keys and labels of "*NM*" itself work. A null part
 // does nothing.
 void norm_obj_release(CZelDataItem* part);
 }  // namespace ZEL

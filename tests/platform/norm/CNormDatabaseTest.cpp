@@ -71,3 +71,34 @@ TEST(CNormDatabase, TheEnvironmentVariableNamesTheDatabase)
     if (before)
         setenv("QEN_NORM_DB", saved.c_str(), 1);
 }
+
+TEST(CNormDatabase, TheTreeReadIntoMemoryAnswersAsTheTablesDo)
+{
+    CNormDatabase db(QEN_NORM_DB_FILE);
+    ASSERT_TRUE(db.isOpen()) << db.error();
+    EXPECT_EQ(db.children(""), (std::vector<std::string>{"BAR", "PIECE"}));
+    EXPECT_EQ(db.children("PIECE\\SCREW\\HEX"), (std::vector<std::string>{"ISO4014", "ISO4017", "DIN933"}));
+    EXPECT_TRUE(db.children("PIECE\\SCREW\\HEX\\ISO4017").empty());  // sizes are no tree children
+    EXPECT_TRUE(db.children("PIECE\\NO").empty());
+    const auto standard = db.standard("PIECE\\SCREW\\HEX\\ISO4017");
+    ASSERT_TRUE(standard);
+    EXPECT_EQ(standard->iso, "ISO 4017");
+    EXPECT_FALSE(db.standard("PIECE\\SCREW\\HEX"));
+    EXPECT_FALSE(db.standard("PIECE\\SCREW\\HEX\\ISO4017\\M12"));
+    // Standards below a node: whole path elements only ("PIECE\SCREW\HEX" is not "…\HEXA").
+    const auto hex = db.standardsBelow("PIECE\\SCREW\\HEX");
+    ASSERT_EQ(hex.size(), 3u);
+    EXPECT_EQ(hex[2].key, "DIN933");
+    EXPECT_EQ(db.standardsBelow("PIECE\\SCREW\\HE").size(), 0u);
+    EXPECT_EQ(db.standardsBelow("").size(), 43u);
+}
+
+TEST(CNormDatabase, ReopeningSwitchesTheProcesssDatabase)
+{
+    CNormDatabase::reopen(::testing::TempDir() + "no-such/qen_norm.db");
+    EXPECT_FALSE(CNormDatabase::instance().isOpen());
+    EXPECT_TRUE(CNormDatabase::instance().children("").empty());
+    CNormDatabase::reopen(QEN_NORM_DB_FILE);
+    EXPECT_TRUE(CNormDatabase::instance().isOpen());
+    EXPECT_EQ(CNormDatabase::instance().children("").size(), 2u);
+}
