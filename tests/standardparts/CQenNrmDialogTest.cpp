@@ -247,9 +247,11 @@ TEST_F(NrmDialogTest, ThePictureDialogReplacesTheSelectionWithItsAnswer) {
 
 TEST_F(NrmDialogTest, TheStoredModeOpensItsTab) {
   select(kIso4017, R"("MODE": "SEARCH")");
-  DialogRun r = run("expect 15007 selected 1\ntab 0\nexpect 0/10804 enabled\ncancel\n");
+  DialogRun r = run("expect 15007 selected 1\nexpect 1 enabled\ntab 0\n"
+                    "expect 0/10804 selected \"DIN 933 Sechskantschraube mit Gewinde bis Kopf\"\ncancel\n");
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(text(L"*NM*\\MODE"), "MAIN");
+  EXPECT_EQ(stack(), kIso4017Stack);
   r = run("tab 3\ncancel\n");
   ASSERT_EQ(r.status, 0) << r.err;
   r = run("expect 15007 selected 3\ncancel\n");
