@@ -325,7 +325,11 @@ LRESULT CQenNrmDialog::OnRefreshFrame(WPARAM, LPARAM) {
 
 
   setStack(nmPath(L"STACK"), stack);
-  if ((mode.isEmpty() || mode == L"MAIN" || mode == L"ADMIN") && m_props.initialising()) rebuildTree();
+  // The tree is first built when the properties page initialises; a dialog that opens on
+  // another tab builds it too, so that the selection is resolved against a tree.
+  if (((mode.isEmpty() || mode == L"MAIN" || mode == L"ADMIN") && m_props.initialising()) ||
+      (m_props.GetSafeHwnd() && !m_props.treeBuilt()))
+    rebuildTree();
 
   m_props.selectStack(stack);
   if (!isNorm) showPrototype(stack);

@@ -105,6 +105,7 @@ void CQenNrmTabEigenschaften::rebuildTree(const std::vector<std::string>& filter
   m_mapItems.clear();
   buildTree({}, TVI_ROOT, filter);
   m_building = false;
+  m_treeBuilt = true;
 }
 
 namespace {

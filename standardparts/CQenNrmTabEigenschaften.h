@@ -42,6 +42,8 @@ public:
   void rebuildTree(const std::vector<std::string>& filter);
   const std::vector<qen::nrm::Stack>& treeStacks() const { return m_mapStacks; }
   bool treeEmpty() const { return m_mapStacks.empty(); }
+  // Whether the tree was built at least once.
+  bool treeBuilt() const { return m_treeBuilt; }
   void selectStack(const qen::nrm::Stack& stack);
   void focusTree() { m_tree.SetFocus(); }
   // Per group path the keys of the standards placed in the tree ("LEAFS").
@@ -103,6 +105,7 @@ private:
   bool m_propsRefreshing = false;
   bool m_initialising = false;
   bool m_building = false;
+  bool m_treeBuilt = false;
   bool m_sizeChanged = false;
   qenDlgEnv_st m_env;
   ZEL::CDtaFilePointer* m_dinFile = nullptr;

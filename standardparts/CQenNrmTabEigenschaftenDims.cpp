@@ -188,18 +188,6 @@ void CQenNrmTabEigenschaften::refreshDims(const Stack& stack, const std::string&
     GetDlgItem(IDC_NRMP_STD_LEN)->EnableWindow(!onlyStandard);
   }
 
-  // Article.
-  if (!nd.empty()) {
-    CZelString article;
-    if (std::unique_ptr<CZelDataItem> part = generate(articles)) ZEL::obj_order_get(ZEL::objKey(part.get(), 4), article);
-    SetDlgItemText(IDC_NRMP_ARTICLE_TEXT, article.c_str());
-    setTextOrRemove(nmPath(L"ORDER"), article);
-    GetDlgItem(IDC_NRMP_ARTICLE)->EnableWindow(TRUE);
-  } else {
-    SetDlgItemText(IDC_NRMP_ARTICLE_TEXT, L"");
-    GetDlgItem(IDC_NRMP_ARTICLE)->EnableWindow(FALSE);
-  }
-
   // The further dimension.
   const Table clamp = sizeStack.empty() ? Table{} : clampTable(sizeStack);
   const std::vector<double> range = sizeStack.empty() ? std::vector<double>{} : radiusRange(sizeStack);
@@ -248,7 +236,20 @@ void CQenNrmTabEigenschaften::refreshDims(const Stack& stack, const std::string&
     GetDlgItem(IDC_NRMP_DIM_PICK)->EnableWindow(FALSE);
   }
 
-  if (!sizeStack.empty()) showGenerated();
+  // The part once, for its article and the preview: the article's key (standard, material,
+  // size, length) does not depend on the further dimension written above.
+  std::unique_ptr<CZelDataItem> part = nd.empty() ? nullptr : generate(articles);
+  if (!nd.empty()) {
+    CZelString article;
+    if (part) ZEL::obj_order_get(ZEL::objKey(part.get(), 4), article);
+    SetDlgItemText(IDC_NRMP_ARTICLE_TEXT, article.c_str());
+    setTextOrRemove(nmPath(L"ORDER"), article);
+    GetDlgItem(IDC_NRMP_ARTICLE)->EnableWindow(TRUE);
+  } else {
+    SetDlgItemText(IDC_NRMP_ARTICLE_TEXT, L"");
+    GetDlgItem(IDC_NRMP_ARTICLE)->EnableWindow(FALSE);
+  }
+  if (!sizeStack.empty()) toFrame(WM_NRM_SHOW_PART, reinterpret_cast<LPARAM>(part.get()));
 }
 
 void CQenNrmTabEigenschaften::onSize() {
@@ -259,7 +260,7 @@ void CQenNrmTabEigenschaften::onSize() {
   if (nd.empty()) return;
   m_sizeChanged = true;
   setText(nmPath(L"ND"), wide(nd));
-  refreshDims(s.stack, nd);
+  // The properties refresh runs the dimension refresh with the size just written.
   toFrame(WM_NRM_REFRESH_PROPS);
 }
 

@@ -247,9 +247,11 @@ TEST_F(NrmDialogTest, ThePictureDialogReplacesTheSelectionWithItsAnswer) {
 
 TEST_F(NrmDialogTest, TheStoredModeOpensItsTab) {
   select(kIso4017, R"("MODE": "SEARCH")");
-  DialogRun r = run("expect 15007 selected 1\ntab 0\nexpect 0/10804 enabled\ncancel\n");
+  DialogRun r = run("expect 15007 selected 1\nexpect 1 enabled\ntab 0\n"
+                    "expect 0/10804 selected \"DIN 933 Sechskantschraube mit Gewinde bis Kopf\"\ncancel\n");
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(text(L"*NM*\\MODE"), "MAIN");
+  EXPECT_EQ(stack(), kIso4017Stack);
   r = run("tab 3\ncancel\n");
   ASSERT_EQ(r.status, 0) << r.err;
   r = run("expect 15007 selected 3\ncancel\n");
@@ -263,4 +265,18 @@ TEST_F(NrmDialogTest, ThePickButtonsEndTheDialogWithTheirCodes) {
   EXPECT_EQ(run("click 0/10780\n").result, 3);
   EXPECT_EQ(run("tab 3\nclick 3/10379\n").result, 103);
   EXPECT_TRUE(qenEntryAvailable("qenNormMenu"));
+}
+
+TEST_F(NrmDialogTest, TheAssignmentsWorkOnTheGeneratedPartAndKeepItsSettingsPerStandard) {
+  select(kIso4017, R"("ND": "M12", "MAT": "8.8", "LEN": 60.0)");
+  // The layer dialog opens on the part; whatever it answers, the part's settings are kept
+  // for the standard.
+  DialogRun r = run("click 10294\ncancel\nexpect 15007 selected 0\nok\n");
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(text(L"*NM_SET*\\DIN:ISO4017\\TYPE"), "DIN");
+  EXPECT_EQ(text(L"*NM_SET*\\DIN:ISO4017\\NORM"), "ISO4017");
+  EXPECT_EQ(text(L"*NM*\\ND"), "M12");
+  // The labeling dialog likewise, then the label line is shown again.
+  r = run("click 10335\ncancel\nexpect 11008 text \"DIN 933 - Stahl 8.8 blank\"\nok\n");
+  ASSERT_EQ(r.status, 0) << r.err;
 }

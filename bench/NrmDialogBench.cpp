@@ -1,0 +1,78 @@
+// How fast the standard-parts dialog answers, headless on the shipped catalogue: opening it
+// through qenNormMenu on a selected screw (the tree built, the part generated, the
+// preview drawn, the properties and dimensions filled), then closing it; and one change
+// of the nominal size (the size handler, the length rules, the part generated and drawn
+// again, the properties refresh).
+#include "backend/CScriptBackend.h"
+#include "data/CConfig.h"
+#include "data/CStoreFile.h"
+#include "data/ZelFactorySettings.h"
+#include "norm/ZelNormGen.h"
+#include "qen_mfc.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+
+namespace {
+
+CDialogScript parsed(const std::string& text) {
+  CDialogScript script;
+  std::string error;
+  if (!CDialogScript::parse(text, "bench.qds", script, error)) throw std::runtime_error(error);
+  return script;
+}
+
+void prepareStore() {
+  setenv("QEN_NORM_DB", QEN_NORM_DB_FILE, 1);
+  ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
+  std::unique_ptr<CZelDataItem> nm(CStoreFile::parse(
+      R"({"STACK": ["PIECE", "SCREW", "HEX", "ISO4017"], "ND": "M12", "MAT": "8.8", "LEN": 60.0})", "bench"));
+  ZEL::cfg_set(CZelDataKey(L"*NM*"), nm.release(), true);
+}
+
+double runEntry(const CDialogScript& script) {
+  std::ostringstream out, err;
+  CScriptBackend backend(script, out, err);
+  CDialogBackendScope scope(backend);
+  qenDlgEnv_st env;
+  const auto start = std::chrono::steady_clock::now();
+  const int result = qenNormMenu(env, 0, false, false, nullptr);
+  const auto end = std::chrono::steady_clock::now();
+  if (result != 1 || backend.finish() != 0) throw std::runtime_error("the benchmark's script did not hold: " + err.str());
+  return std::chrono::duration<double>(end - start).count();
+}
+
+// Open with tree, generation and preview, then OK.
+void BM_NrmOpenWithTreeAndPreviewAndClose(benchmark::State& state) {
+  prepareStore();
+  const CDialogScript script = parsed("ok\n");
+  runEntry(script);  // the catalogue is opened and read once per process
+  for (auto _ : state) state.SetIterationTime(runEntry(script));
+}
+BENCHMARK(BM_NrmOpenWithTreeAndPreviewAndClose)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// One nominal-size change: a run of 100 changes less a run that only opens and closes,
+// per change.
+void BM_NrmSizeChange(benchmark::State& state) {
+  prepareStore();
+  constexpr int kChanges = 100;
+  std::string text;
+  for (int i = 0; i < kChanges; ++i) text += std::string("select 0/10778 \"") + (i % 2 ? "M12" : "M16") + "\"\n";
+  const CDialogScript changes = parsed(text + "ok\n");
+  const CDialogScript none = parsed("ok\n");
+  runEntry(none);
+  for (auto _ : state) {
+    const double base = runEntry(none);
+    const double all = runEntry(changes);
+    state.SetIterationTime((all - base) / kChanges);
+  }
+}
+BENCHMARK(BM_NrmSizeChange)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+BENCHMARK_MAIN();
