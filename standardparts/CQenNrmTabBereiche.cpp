@@ -17,7 +17,7 @@ const CMessageMapEntry CQenNrmTabBereiche::kEntries[] = {
 const CMessageMap CQenNrmTabBereiche::kMessageMap{&CZelDlg::kMessageMap, kEntries,
                                                   msgmap::wordHandler<&CQenNrmTabBereiche::command>()};
 
-CQenNrmTabBereiche::CQenNrmTabBereiche() : CZelDlg(IDD_NRM_AREAS) {
+CQenNrmTabBereiche::CQenNrmTabBereiche() : CQenNrmTab(IDD_NRM_AREAS) {
   m_mask = releaseMask(false);
   m_articles = onlyArticles();
 }
@@ -30,12 +30,7 @@ void CQenNrmTabBereiche::addLangRsc() {
 void CQenNrmTabBereiche::DoDataExchange(CDataExchange* dx) { DDX_Control(dx, IDC_NRMA_LIST, m_list); }
 
 BOOL CQenNrmTabBereiche::OnInitDialog() {
-  if (std::optional<CZelString> country = getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
-  CZelDlg::OnInitDialog();
-  SetHelpTopic(L"qen_din");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
+  CQenNrmTab::OnInitDialog();
   return TRUE;
 }
 

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "ui/CCheckListBox.h"
-#include "ui/CZelDlg.h"
+#include "standardparts/CQenNrmTab.h"
 
 #include <string>
 #include <vector>
 
-class CQenNrmTabBereiche : public CZelDlg {
+class CQenNrmTabBereiche : public CQenNrmTab {
 public:
   CQenNrmTabBereiche();
 

@@ -37,7 +37,7 @@ const CMessageMapEntry CQenNrmTabEigenschaften::kEntries[] = {
 const CMessageMap CQenNrmTabEigenschaften::kMessageMap{&CZelDlg::kMessageMap, kEntries,
                                                        msgmap::wordHandler<&CQenNrmTabEigenschaften::command>()};
 
-CQenNrmTabEigenschaften::CQenNrmTabEigenschaften() : CZelDlg(IDD_NRM_PROPS), m_picker(new CZelDataItem()) {
+CQenNrmTabEigenschaften::CQenNrmTabEigenschaften() : CQenNrmTab(IDD_NRM_PROPS), m_picker(new CZelDataItem()) {
   m_picker->mkDir();
 }
 
@@ -65,15 +65,6 @@ void CQenNrmTabEigenschaften::DoDataExchange(CDataExchange* dx) {
   DDX_Control(dx, IDC_NRMP_DIM, m_further);
 }
 
-CWnd* CQenNrmTabEigenschaften::frame() const {
-  CWnd* tabs = GetParent();
-  return tabs ? tabs->GetParent() : nullptr;
-}
-
-void CQenNrmTabEigenschaften::toFrame(UINT message, LPARAM lParam) const {
-  if (CWnd* f = frame()) f->SendMessage(message, 0, lParam);
-}
-
 void CQenNrmTabEigenschaften::showGenerated() const {
   std::unique_ptr<CZelDataItem> part = generate(onlyArticles());
   toFrame(WM_NRM_SHOW_PART, reinterpret_cast<LPARAM>(part.get()));
@@ -81,12 +72,7 @@ void CQenNrmTabEigenschaften::showGenerated() const {
 
 BOOL CQenNrmTabEigenschaften::OnInitDialog() {
   m_initialising = true;
-  if (std::optional<CZelString> country = getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
-  CZelDlg::OnInitDialog();
-  SetHelpTopic(L"qen_din");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
+  CQenNrmTab::OnInitDialog();
   toFrame(WM_NRM_REFRESH_FRAME);
   toFrame(WM_NRM_REFRESH_PROPS);
   m_initialising = false;

@@ -13,13 +13,13 @@
 #include "ui/CImageList.h"
 #include "ui/CTreeCtrl.h"
 #include "ui/CZelComboBox.h"
-#include "ui/CZelDlg.h"
+#include "standardparts/CQenNrmTab.h"
 #include "ui/CZelEdit.h"
 
 #include <string>
 #include <vector>
 
-class CQenNrmTabEigenschaften : public CZelDlg {
+class CQenNrmTabEigenschaften : public CQenNrmTab {
 public:
   CQenNrmTabEigenschaften();
   ~CQenNrmTabEigenschaften() override;
@@ -70,8 +70,6 @@ private:
 
   void command(const CZelString& word);
   void OnContextMenu(CWnd*, CPoint) {}
-  CWnd* frame() const;
-  void toFrame(UINT message, LPARAM lParam = 0) const;
   void showGenerated() const;
   // Compares the level-3 object key before and after a command; a change synchronises
   // the type's properties.

@@ -32,7 +32,7 @@ const CMessageMapEntry CQenNrmTabNormSuchen::kEntries[] = {
 const CMessageMap CQenNrmTabNormSuchen::kMessageMap{&CZelDlg::kMessageMap, kEntries,
                                                     msgmap::wordHandler<&CQenNrmTabNormSuchen::command>()};
 
-CQenNrmTabNormSuchen::CQenNrmTabNormSuchen() : CZelDlg(IDD_NRM_SEARCH) {
+CQenNrmTabNormSuchen::CQenNrmTabNormSuchen() : CQenNrmTab(IDD_NRM_SEARCH) {
   m_background = ZEL::zelAppPtr()->backgroundColor();
 }
 
@@ -47,19 +47,9 @@ void CQenNrmTabNormSuchen::DoDataExchange(CDataExchange* dx) {
   DDX_Control(dx, IDC_NRMS_PREVIEW, m_picture);
 }
 
-CWnd* CQenNrmTabNormSuchen::frame() const {
-  CWnd* tabs = GetParent();
-  return tabs ? tabs->GetParent() : nullptr;
-}
-
 BOOL CQenNrmTabNormSuchen::OnInitDialog() {
-  if (std::optional<CZelString> country = getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
-  CZelDlg::OnInitDialog();
-  SetHelpTopic(L"qen_din");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
-  if (CWnd* f = frame()) f->SendMessage(WM_NRM_REFRESH_FRAME);
+  CQenNrmTab::OnInitDialog();
+  toFrame(WM_NRM_REFRESH_FRAME);
   return TRUE;
 }
 
@@ -188,5 +178,5 @@ void CQenNrmTabNormSuchen::onGoto() {
     setText(nmPath(L"MODE"), L"MAIN");
     if (std::unique_ptr<CZelDataItem> part = generate(onlyArticles())) release(part.get());
   }
-  if (CWnd* f = frame()) f->SendMessage(WM_NRM_GOTO_PROPS);
+  toFrame(WM_NRM_GOTO_PROPS);
 }

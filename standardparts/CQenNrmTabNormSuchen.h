@@ -6,12 +6,12 @@
 #include "data/CZelColor.h"
 #include "standardparts/QenNrmStore.h"
 #include "ui/CListBox.h"
-#include "ui/CZelDlg.h"
+#include "standardparts/CQenNrmTab.h"
 #include "ui/CZelDplistImage.h"
 #include "ui/CZelEdit.h"
 #include "ui/CZelGDX.h"
 
-class CQenNrmTabNormSuchen : public CZelDlg {
+class CQenNrmTabNormSuchen : public CQenNrmTab {
 public:
   CQenNrmTabNormSuchen();
 
@@ -35,7 +35,6 @@ private:
   void onObj();
   void onGoto();
   void showPicture(const qen::nrm::Stack& stack);
-  CWnd* frame() const;
 
   CZelEdit m_mask;
   CListBox m_list;

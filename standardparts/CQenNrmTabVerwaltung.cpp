@@ -26,7 +26,7 @@ const CMessageMapEntry CQenNrmTabVerwaltung::kEntries[] = {
 const CMessageMap CQenNrmTabVerwaltung::kMessageMap{&CZelDlg::kMessageMap, kEntries,
                                                     msgmap::wordHandler<&CQenNrmTabVerwaltung::command>()};
 
-CQenNrmTabVerwaltung::CQenNrmTabVerwaltung() : CZelDlg(IDD_NRM_ADMIN) {}
+CQenNrmTabVerwaltung::CQenNrmTabVerwaltung() : CQenNrmTab(IDD_NRM_ADMIN) {}
 CQenNrmTabVerwaltung::~CQenNrmTabVerwaltung() = default;
 
 void CQenNrmTabVerwaltung::addLangRsc() {
@@ -45,24 +45,10 @@ void CQenNrmTabVerwaltung::addLangRsc() {
 
 BOOL CQenNrmTabVerwaltung::OnInitDialog() {
   m_initialising = true;
-  if (std::optional<CZelString> country = getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
-  CZelDlg::OnInitDialog();
-  SetHelpTopic(L"qen_din");
-  CZelString helpFile;
-  ZEL::help_find(L"QEN", helpFile);
-  SetHelpFile(helpFile);
+  CQenNrmTab::OnInitDialog();
   refresh();
   m_initialising = false;
   return TRUE;
-}
-
-CWnd* CQenNrmTabVerwaltung::frame() const {
-  CWnd* tabs = GetParent();
-  return tabs ? tabs->GetParent() : nullptr;
-}
-
-void CQenNrmTabVerwaltung::toFrame(UINT message, LPARAM lParam) const {
-  if (CWnd* f = frame()) f->SendMessage(message, 0, lParam);
 }
 
 void CQenNrmTabVerwaltung::refresh() {

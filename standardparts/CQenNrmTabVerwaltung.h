@@ -6,12 +6,12 @@
 
 #include "data/CDtaFilePointer.h"
 #include "module/qenDlgEnv_st.h"
-#include "ui/CZelDlg.h"
+#include "standardparts/CQenNrmTab.h"
 
 #include <memory>
 #include <vector>
 
-class CQenNrmTabVerwaltung : public CZelDlg {
+class CQenNrmTabVerwaltung : public CQenNrmTab {
 public:
   CQenNrmTabVerwaltung();
   ~CQenNrmTabVerwaltung() override;
@@ -33,8 +33,6 @@ private:
   static const CMessageMapEntry kEntries[];
 
   void command(const CZelString& word);
-  CWnd* frame() const;
-  void toFrame(UINT message, LPARAM lParam = 0) const;
   // The domain's data file ("DIN" for "BAR", "PIECE" for "PIECE") opened again; kept here.
   ZEL::CDtaFilePointer* reopen(bool piece);
   void onSave();
