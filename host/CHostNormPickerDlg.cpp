@@ -119,9 +119,7 @@ bool CHostNormPickerDlg::updLang() {
 }
 
 BOOL CHostNormPickerDlg::OnInitDialog() {
-  CZelString country;
-  CZelDataItem* stored = ZEL::cfg_get(L"_COUNTRY");
-  if (stored && stored->get(country) && !country.isEmpty()) SetCountry(country);
+  useStoredCountry();
   for (int i = 0; i < kCells; ++i) m_cells[static_cast<std::size_t>(i)].SubclassDlgItem(IDC_DIN_DIA_CELL0 + i, this);
   m_list.SubclassDlgItem(IDC_DIN_DIA_LIST, this);
   CZelDlg::OnInitDialog();

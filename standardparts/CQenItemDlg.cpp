@@ -24,9 +24,7 @@ bool CQenItemDlg::updLang() {
 
 BOOL CQenItemDlg::OnInitDialog() {
   // The user's language as the store keeps it; the host's record does not reach this dialog.
-  CZelString country;
-  CZelDataItem* stored = ZEL::cfg_get(L"_COUNTRY");
-  if (stored && stored->get(country) && !country.isEmpty()) SetCountry(country);
+  useStoredCountry();
   m_article.SubclassDlgItem(IDC_OBJ_ORDER_ARTICLE, this);
   CZelDlg::OnInitDialog();
   SetHelpTopic(L"qen_obj_order");

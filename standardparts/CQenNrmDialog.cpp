@@ -181,8 +181,7 @@ void CQenNrmDialog::handFilesToPages() {
 
 BOOL CQenNrmDialog::OnInitDialog() {
   m_initialising = true;
-  if (std::optional<CZelString> country = getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
-  else if (!m_env.country.isEmpty()) SetCountry(m_env.country);
+  if (!useStoredCountry() && !m_env.country.isEmpty()) SetCountry(m_env.country);
   CZelDlg::OnInitDialog();
   SetHelpTopic(L"qen_din");
   CZelString helpFile;

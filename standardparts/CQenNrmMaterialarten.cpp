@@ -102,10 +102,7 @@ bool CQenNrmMaterialarten::updLang() {
 
 BOOL CQenNrmMaterialarten::OnInitDialog() {
   m_initialising = true;
-  CZelString country;
-  CZelDataItem* stored = ZEL::cfg_get(L"_COUNTRY");
-  if (stored && stored->get(country) && !country.isEmpty()) SetCountry(country);
-  else if (!m_env.country.isEmpty()) SetCountry(m_env.country);
+  if (!useStoredCountry() && !m_env.country.isEmpty()) SetCountry(m_env.country);
   m_list.SubclassDlgItem(IDC_DIN_MAT_LIST, this);
   m_tree.SubclassDlgItem(IDC_DIN_MAT_TREE, this);
   CZelDlg::OnInitDialog();

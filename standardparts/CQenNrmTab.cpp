@@ -4,7 +4,7 @@
 #include "ui/ZelHelp.h"
 
 BOOL CQenNrmTab::OnInitDialog() {
-  if (std::optional<CZelString> country = qen::nrm::getText(L"_COUNTRY"); country && !country->isEmpty()) SetCountry(*country);
+  useStoredCountry();
   CZelDlg::OnInitDialog();
   SetHelpTopic(L"qen_din");
   CZelString helpFile;

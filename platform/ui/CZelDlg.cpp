@@ -1,5 +1,6 @@
 #include "ui/CZelDlg.h"
 
+#include "data/CConfig.h"
 #include "data/ZelMessages.h"
 #include "ui/ZelHelp.h"
 
@@ -56,4 +57,12 @@ bool CZelDlg::isSubDlg() const {
   if (!w) return false;
   const CWnd* owner = w->GetParent();
   return owner && dynamic_cast<const CDialog*>(owner) != nullptr;
+}
+
+bool CZelDlg::useStoredCountry() {
+  CZelString country;
+  CZelDataItem* stored = ZEL::cfg_get(L"_COUNTRY");
+  if (!stored || !stored->get(country) || country.isEmpty()) return false;
+  SetCountry(country);
+  return true;
 }

@@ -27,6 +27,9 @@ public:
   void setCaption(const CZelString& caption) { m_caption = caption; }
 
   void SetCountry(const CZelString& country) { m_country = country; }
+  // Takes the user's language as the settings store keeps it ("_COUNTRY"); true when the
+  // store has one, else the dialog's language stays as it is.
+  bool useStoredCountry();
   const CZelString& country() const { return m_country; }
   void SetHelpFile(const CZelString& file) { m_helpFile = file; }
   void SetHelpTopic(const CZelString& topic) { m_helpTopic = topic; }
