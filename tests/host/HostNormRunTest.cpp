@@ -104,6 +104,20 @@ TEST_F(HostNormRunTest, APickWithoutAnAnswerEndsTheRunWithItsCode) {
   EXPECT_EQ(stored("*NM*\\ORIG"), "{\"$ename\": \"D1\"}") << "the edit goes on in the next call";
 }
 
+// A catalogue that is missing or is no database is named with its path; the dialog still
+// opens, on an empty tree with nothing to take.
+TEST_F(HostNormRunTest, AMissingOrDamagedCatalogueIsReportedAndTheTreeIsEmpty) {
+  write(m_dir / "bad.db", "not a database");
+  const std::string check = script("expect 0/10804 items 0\nexpect 1 disabled\nexpect 0/10778 disabled\n");
+  for (const auto& [db, reason] : {std::pair{path("bad.db"), std::string("damaged")}, {path("none.db"), std::string("not found")}}) {
+    HostResult r = runHost("run DIN --headless --store " + store() + " --script " + check, "QEN_NORM_DB=" + db + " ");
+    EXPECT_EQ(r.status, 0) << r.out;
+    EXPECT_TRUE(contains(r.out, "standard-parts database " + reason + ": " + db)) << r.out;
+    EXPECT_TRUE(contains(r.out, "end code: 2")) << r.out;
+  }
+  EXPECT_EQ(stored("*NM*\\STACK"), "<absent>") << "an empty tree leaves no selection";
+}
+
 TEST_F(HostNormRunTest, AnObjectThatIsNoStandardPartCannotBeEdited) {
   HostResult r = runHost("run DIN --store " + store() + " --drawing " + drawing() + " --record object=K1 --script " +
                          script("expect 10410 hidden\ncancel\n"));
