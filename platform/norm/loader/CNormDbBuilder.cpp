@@ -489,6 +489,11 @@ private:
                 prop(in.standard, "VAR\\" + v.name + "\\LABEL_EN", v.labelEn);
             }
             prop(in.standard, "VARIANTS", list);
+        } else {
+            // The one variant of every other standard is the empty one; it is named, so that
+            // the dialog's (disabled) variant line says what the part is.
+            prop(in.standard, "VAR\\\\LABEL", "Standard");
+            prop(in.standard, "VAR\\\\LABEL_EN", "Standard");
         }
         std::map<std::string, std::pair<double, double>> ranges;
         if (!in.rangesFile.empty()) {

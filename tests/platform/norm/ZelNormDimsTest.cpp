@@ -89,7 +89,9 @@ TEST(ZelNormVariants, VariantLabelsAreNodePropertiesBehindTheEmptyElement)
     EXPECT_EQ(ZEL::norm_get({"PIECE", "NUT", "HEX", "DIN934", "", "VAR", "FINE"}, "LABEL"), "Feingewinde");
     EXPECT_EQ(ZEL::norm_get({"PIECE", "NUT", "HEX", "DIN934", "", "VAR", "FINE"}, "LABEL_EN"), "Fine thread");
     EXPECT_EQ(ZEL::norm_get({"PIECE", "NUT", "HEX", "DIN934", ""}, "TYPE"), "NORM");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "HEX", "ISO4017", "", "VAR", ""}, "LABEL"), std::nullopt);
+    // The one empty variant of a standard without thread variants is named too.
+    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "HEX", "ISO4017", "", "VAR", ""}, "LABEL"), "Standard");
+    EXPECT_EQ(ZEL::norm_get({"PIECE", "NUT", "HEX", "DIN934", "", "VAR", ""}, "LABEL"), std::nullopt);
 }
 
 // --- clamping lengths ---------------------------------------------------------------------
