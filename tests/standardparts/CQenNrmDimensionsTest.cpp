@@ -151,3 +151,27 @@ TEST_F(NrmDimsTest, PartsWithoutLengthOrFurtherDimensionDisableThoseControls) {
   EXPECT_EQ(real(L"*NM*\\LEN"), std::nullopt);
   EXPECT_EQ(text(L"*NM*\\ND"), "M12");
 }
+
+TEST_F(NrmDimsTest, StoredValuesTheCatalogueDoesNotHoldNeverReachTheSection) {
+  // A stack that names no node: the first stack of the tree takes its place, and with no
+  // standard selected OK stays disabled.
+  select(R"(["PIECE", "SCREW", "HEX", "ISO9999"])", R"("ND": "M12")");
+  DialogRun r = run("expect 1 disabled\nexpect 0/10804 selected \"Stabteile\"\ncancel\n");
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(stack(), (std::vector<std::string>{"BAR"}));
+
+  // A size, material and lengths the standard does not offer: the first size not to be
+  // avoided, the first material and the size's first standard length, whatever was stored.
+  for (const char* badLength : {"-5.0", "1e308", "0.0"}) {
+    select(kIso4017, std::string(R"("ND": "M13", "MAT": "GOLD", "LEN": )") + badLength);
+    r = run("ok\n");
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(text(L"*NM*\\ND"), "M1.6") << badLength;
+    EXPECT_EQ(text(L"*NM*\\MAT"), "4.6-FV") << badLength;
+    const std::vector<double> lengths = ZEL::norm_len_lst({"PIECE", "SCREW", "HEX", "ISO4017", "M1.6"}, "4.6-FV", "");
+    ASSERT_FALSE(lengths.empty());
+    const std::optional<double> len = real(L"*NM*\\LEN");
+    ASSERT_TRUE(len) << badLength;
+    EXPECT_NE(std::find(lengths.begin(), lengths.end(), *len), lengths.end()) << badLength << " became " << *len;
+  }
+}
