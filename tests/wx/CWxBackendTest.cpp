@@ -6,6 +6,7 @@
 
 #include "backend/wx/CWxBackend.h"
 #include "backend/wx/CWxDialogWindow.h"
+#include "backend/wx/CWxLinkMirror.h"
 #include "backend/wx/CWxMirror.h"
 #include "data/CConfig.h"
 #include "tests/support/TestDialogs.h"
@@ -19,6 +20,7 @@
 #include <wx/listctrl.h>
 #include <wx/treectrl.h>
 #include <wx/combobox.h>
+#include <wx/hyperlink.h>
 #include <wx/radiobut.h>
 #include <wx/stattext.h>
 
@@ -170,6 +172,32 @@ TEST_F(CWxBackendTest, ListsTreesAndChoicesTellTheModelWhatWasPicked) {
     EXPECT_TRUE(texts->IsItemChecked(0));
     texts->CheckItem(2, true);
     EXPECT_EQ(testdlg::stored(L"TEXTBITS"), "5");
+  });
+}
+
+TEST_F(CWxBackendTest, ALinkTextIsAHyperlinkAndATextWithoutAnchorIsPlainText) {
+  run([this](CWxDialogWindow& window) {
+    auto* mirror = dynamic_cast<CWxLinkMirror*>(window.mirrorOf(m_dialog.GetDlgItem(IDC_LINK)));
+    ASSERT_NE(mirror, nullptr);
+    auto* link = dynamic_cast<wxHyperlinkCtrl*>(mirror->shownPart());
+    ASSERT_NE(link, nullptr) << "the template's text has a link";
+    EXPECT_EQ(link->GetURL(), "https://example.org/din933");
+    EXPECT_EQ(link->GetLabel(), "DIN 933");
+    m_backend->userAction([this] {
+      m_dialog.GetDlgItem(IDC_LINK)->SetWindowText(L"Sechskantschraube & Mutter");
+      return std::string();
+    });
+    auto* plain = dynamic_cast<wxStaticText*>(mirror->shownPart());
+    ASSERT_NE(plain, nullptr) << "a text without anchor is no hyperlink";
+    EXPECT_EQ(plain->GetLabelText(), "Sechskantschraube & Mutter");
+    EXPECT_FALSE(link->IsShown());
+    m_backend->userAction([this] {
+      m_dialog.GetDlgItem(IDC_LINK)->SetWindowText(L"<a href=\"https://example.org/iso4017\">ISO 4017</a>");
+      return std::string();
+    });
+    EXPECT_EQ(mirror->shownPart(), link);
+    EXPECT_FALSE(plain->IsShown());
+    EXPECT_EQ(link->GetURL(), "https://example.org/iso4017");
   });
 }
 

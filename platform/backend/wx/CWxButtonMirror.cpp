@@ -25,7 +25,9 @@ wxWindow* CWxButtonMirror::build(wxWindow* parent, const wxRect& rect) {
     case WndKind::RadioButton:
       if (pushLike) {
         m_shape = Shape::Toggle;
-        auto* t = new wxToggleButton(parent, wxID_ANY, wxString(), rect.GetPosition(), rect.GetSize());
+        // An icon button shows only its icon, as the push buttons below.
+        long style = (m_control->GetStyle() & BS_ICON) ? wxBU_NOTEXT : 0;
+        auto* t = new wxToggleButton(parent, wxID_ANY, wxString(), rect.GetPosition(), rect.GetSize(), style);
         t->Bind(wxEVT_TOGGLEBUTTON, click);
         w = t;
       } else if (m_control->kind() == WndKind::CheckBox) {

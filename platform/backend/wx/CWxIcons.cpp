@@ -1,6 +1,20 @@
 #include "backend/wx/CWxIcons.h"
 
+#include "resources/icons/icon_10110.xpm"
 #include "resources/icons/icon_10112.xpm"
+#include "resources/icons/icon_10115.xpm"
+#include "resources/icons/icon_10116.xpm"
+#include "resources/icons/icon_10130.xpm"
+#include "resources/icons/icon_10132.xpm"
+#include "resources/icons/icon_10134.xpm"
+#include "resources/icons/icon_10135.xpm"
+#include "resources/icons/icon_10153.xpm"
+#include "resources/icons/icon_10154.xpm"
+#include "resources/icons/icon_10155.xpm"
+#include "resources/icons/icon_10164.xpm"
+#include "resources/icons/icon_10181.xpm"
+#include "resources/icons/icon_10286.xpm"
+#include "resources/icons/icon_10287.xpm"
 #include "resources/icons/icon_10300.xpm"
 #include "resources/icons/icon_10301.xpm"
 #include "resources/icons/icon_10302.xpm"
@@ -22,8 +36,11 @@ struct OwnIcon {
 };
 
 const OwnIcon kOwnIcons[] = {
-  {10112, icon_10112_xpm}, {10300, icon_10300_xpm}, {10301, icon_10301_xpm},
-  {10302, icon_10302_xpm}, {10304, icon_10304_xpm}, {10305, icon_10305_xpm},
+  {10110, icon_10110_xpm}, {10112, icon_10112_xpm}, {10115, icon_10115_xpm}, {10116, icon_10116_xpm},
+  {10130, icon_10130_xpm}, {10132, icon_10132_xpm}, {10134, icon_10134_xpm}, {10135, icon_10135_xpm},
+  {10153, icon_10153_xpm}, {10154, icon_10154_xpm}, {10155, icon_10155_xpm}, {10164, icon_10164_xpm},
+  {10181, icon_10181_xpm}, {10286, icon_10286_xpm}, {10287, icon_10287_xpm}, {10300, icon_10300_xpm},
+  {10301, icon_10301_xpm}, {10302, icon_10302_xpm}, {10304, icon_10304_xpm}, {10305, icon_10305_xpm},
   {10308, icon_10308_xpm}, {10321, icon_10321_xpm}, {10322, icon_10322_xpm},
 };
 
