@@ -2,7 +2,7 @@
 // through qenNormMenu on a selected screw (the tree built, the part generated, the
 // preview drawn, the properties and dimensions filled), then closing it; and one change
 // of the nominal size (the size handler, the length rules, the part generated and drawn
-// again, the properties refresh).
+// again, the properties refresh); and one search for "*" on the search tab.
 #include "backend/CScriptBackend.h"
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
@@ -73,6 +73,24 @@ void BM_NrmSizeChange(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_NrmSizeChange)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// One search for "*" on the search tab: the catalogue searched, the result list filled with
+// designations and titles, the first result's picture drawn; per search, as above.
+void BM_NrmSearchAll(benchmark::State& state) {
+  prepareStore();
+  constexpr int kSearches = 50;
+  std::string text = "tab 1\nenter 1/10785 \"*\"\n";
+  for (int i = 0; i < kSearches; ++i) text += "click 1/10786\n";
+  const CDialogScript searches = parsed(text + "ok\n");
+  const CDialogScript none = parsed("tab 1\nenter 1/10785 \"*\"\nok\n");
+  runEntry(none);
+  for (auto _ : state) {
+    const double base = runEntry(none);
+    const double all = runEntry(searches);
+    state.SetIterationTime((all - base) / kSearches);
+  }
+}
+BENCHMARK(BM_NrmSearchAll)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 BENCHMARK_MAIN();
