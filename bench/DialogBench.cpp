@@ -1,6 +1,6 @@
 // How fast the control model and the scripted backend are: a dialog of 150 controls created
 // from its template, initialised and closed; a dialog script of 10,000 commands.
-#include "backend/CScriptBackend.h"
+#include "BenchScript.h"
 #include "ui/CDialog.h"
 #include "ui/CDialogTemplates.h"
 #include "ui/CRcParser.h"
@@ -12,13 +12,6 @@
 namespace {
 
 constexpr UINT kBench150 = 30200;
-
-CDialogScript parsed(const std::string& text) {
-  CDialogScript script;
-  std::string error;
-  if (!CDialogScript::parse(text, "bench.qds", script, error)) throw std::runtime_error(error);
-  return script;
-}
 
 // Creating the dialog and its 150 controls from the (already read) template, OnInitDialog,
 // the modal loop with an empty script, which cancels it, and destroying it again.
@@ -42,7 +35,7 @@ void BM_Script10000Commands(benchmark::State& state) {
         "type 20001 \"abc\"\nclick 20002\nexpect 20002 checked\nclick 20002\nexpect 20001 text \"abc\"\n"
         "click 20005\nexpect 20005 checked\nleave 20001\nclick 20003\nexpect 20003 enabled\n";
   text += "ok\n";
-  CDialogScript script = parsed(text);
+  CDialogScript script = benchScript(text);
   for (auto _ : state) {
     std::ostringstream out, err;
     CScriptBackend backend(script, out, err);

@@ -3,7 +3,7 @@
 // preview drawn, the properties and dimensions filled), then closing it; and one change
 // of the nominal size (the size handler, the length rules, the part generated and drawn
 // again, the properties refresh); and one search for "*" on the search tab.
-#include "backend/CScriptBackend.h"
+#include "BenchScript.h"
 #include "data/CConfig.h"
 #include "data/CStoreFile.h"
 #include "data/ZelFactorySettings.h"
@@ -20,13 +20,6 @@
 
 namespace {
 
-CDialogScript parsed(const std::string& text) {
-  CDialogScript script;
-  std::string error;
-  if (!CDialogScript::parse(text, "bench.qds", script, error)) throw std::runtime_error(error);
-  return script;
-}
-
 void prepareStore() {
   setenv("QEN_NORM_DB", QEN_NORM_DB_FILE, 1);
   ZEL::cfgMgrPtr()->reset(ZEL::factorySettings());
@@ -36,21 +29,19 @@ void prepareStore() {
 }
 
 double runEntry(const CDialogScript& script) {
-  std::ostringstream out, err;
-  CScriptBackend backend(script, out, err);
-  CDialogBackendScope scope(backend);
-  qenDlgEnv_st env;
-  const auto start = std::chrono::steady_clock::now();
-  const int result = qenNormMenu(env, 0, false, false, nullptr);
-  const auto end = std::chrono::steady_clock::now();
-  if (result != 1 || backend.finish() != 0) throw std::runtime_error("the benchmark's script did not hold: " + err.str());
-  return std::chrono::duration<double>(end - start).count();
+  return timedRun(
+      script,
+      [] {
+        qenDlgEnv_st env;
+        return qenNormMenu(env, 0, false, false, nullptr);
+      },
+      1);
 }
 
 // Open with tree, generation and preview, then OK.
 void BM_NrmOpenWithTreeAndPreviewAndClose(benchmark::State& state) {
   prepareStore();
-  const CDialogScript script = parsed("ok\n");
+  const CDialogScript script = benchScript("ok\n");
   runEntry(script);  // the catalogue is opened and read once per process
   for (auto _ : state) state.SetIterationTime(runEntry(script));
 }
@@ -63,8 +54,8 @@ void BM_NrmSizeChange(benchmark::State& state) {
   constexpr int kChanges = 100;
   std::string text;
   for (int i = 0; i < kChanges; ++i) text += std::string("select 0/10778 \"") + (i % 2 ? "M12" : "M16") + "\"\n";
-  const CDialogScript changes = parsed(text + "ok\n");
-  const CDialogScript none = parsed("ok\n");
+  const CDialogScript changes = benchScript(text + "ok\n");
+  const CDialogScript none = benchScript("ok\n");
   runEntry(none);
   for (auto _ : state) {
     const double base = runEntry(none);
@@ -81,8 +72,8 @@ void BM_NrmSearchAll(benchmark::State& state) {
   constexpr int kSearches = 50;
   std::string text = "tab 1\nenter 1/10785 \"*\"\n";
   for (int i = 0; i < kSearches; ++i) text += "click 1/10786\n";
-  const CDialogScript searches = parsed(text + "ok\n");
-  const CDialogScript none = parsed("tab 1\nenter 1/10785 \"*\"\nok\n");
+  const CDialogScript searches = benchScript(text + "ok\n");
+  const CDialogScript none = benchScript("tab 1\nenter 1/10785 \"*\"\nok\n");
   runEntry(none);
   for (auto _ : state) {
     const double base = runEntry(none);

@@ -3,7 +3,7 @@
 // sets off (store, tab refresh, preview regenerated and drawn).
 #include "qen_mfc.h"
 
-#include "backend/CScriptBackend.h"
+#include "BenchScript.h"
 #include "data/CConfig.h"
 #include "data/ZelDataAccess.h"
 #include "data/ZelFactorySettings.h"
@@ -15,13 +15,6 @@
 #include <string>
 
 namespace {
-
-CDialogScript parsed(const std::string& text) {
-  CDialogScript script;
-  std::string error;
-  if (!CDialogScript::parse(text, "bench.qds", script, error)) throw std::runtime_error(error);
-  return script;
-}
 
 int seal(qenDlgEnv_st& env) { return qenDlgHzDi(env); }
 int silicone(qenDlgEnv_st& env) { return qenDlgHzSi(env); }
@@ -53,7 +46,7 @@ void widthEntries(benchmark::State& state, const wchar_t* menuKey) {
   std::string text;
   for (int i = 0; i < kEntries; ++i) text += i % 2 ? "enter 0/10389 \"12\"\n" : "enter 0/10389 \"13.5\"\n";
   text += "ok\n";
-  const CDialogScript script = parsed(text);
+  const CDialogScript script = benchScript(text);
   for (auto _ : state) {
     std::ostringstream out, err;
     CScriptBackend backend(script, out, err);
