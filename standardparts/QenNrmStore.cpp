@@ -6,6 +6,7 @@
 #include "data/ZelDataAccess.h"
 #include "data/resbuf.h"
 #include "standardparts/QenNrmCatalogue.h"
+#include "store/QenStoreAccess.h"
 
 #include <algorithm>
 
@@ -68,13 +69,10 @@ std::optional<Stack> getStack(const CZelString& path) {
 }
 
 void setStack(const CZelString& path, const Stack& stack) {
-  CZelArrayTempl<CZelString> parts;
+  QEN::StringList parts;
   for (const std::string& s : stack) parts.add(wide(s));
-  if (parts.isEmpty()) {
-    ZEL::cfg_remove(CZelDataKey::fromPath(path));
-    return;
-  }
-  store(path, ZEL::mkResbuf(parts));
+  const CZelDataKey key = CZelDataKey::fromPath(path);
+  QEN::storeSet(&key, parts);
 }
 
 std::vector<Stack> getStackList(const CZelString& path) {
@@ -99,22 +97,14 @@ std::vector<Stack> getStackList(const CZelString& path) {
 }
 
 void setStackList(const CZelString& path, const std::vector<Stack>& stacks) {
-  resbuf* head = nullptr;
-  resbuf** tail = &head;
-  auto add = [&tail](resbuf* rb) {
-    *tail = rb;
-    tail = &rb->rbnext;
-  };
-  for (const Stack& s : stacks) {
-    add(ZEL::newRb(RTLB));
-    for (const std::string& part : s) add(ZEL::mkResbuf(wide(part).c_str()));
-    add(ZEL::newRb(RTLE));
+  QEN::StringLists lists;
+  for (const Stack& stack : stacks) {
+    QEN::StringList parts;
+    for (const std::string& part : stack) parts.add(wide(part));
+    lists.add(parts);
   }
-  if (!head) {
-    ZEL::cfg_remove(CZelDataKey::fromPath(path));
-    return;
-  }
-  store(path, head);
+  const CZelDataKey key = CZelDataKey::fromPath(path);
+  QEN::storeSet(&key, lists);
 }
 
 std::vector<std::string> callerFilter() { return getStack(L"*NORM_PARM*\\FILTER").value_or(Stack{}); }
