@@ -18,17 +18,11 @@ const char* const kSql[] = {
     // Root: every tree node (no sizes) with its parent's path, children in their order
     "SELECT n.key, coalesce(p.path, '') FROM node n LEFT JOIN node p ON p.id = n.parent WHERE n.type <> 'SIZE' "
     "ORDER BY n.parent, n.ord",
-    // Children
-    "SELECT c.key FROM node p JOIN node c ON c.parent = p.id WHERE p.path = ?1 AND c.type <> 'SIZE' ORDER BY c.ord",
     // Property
     "SELECT v.value FROM node n JOIN prop v ON v.node = n.id WHERE n.path = ?1 AND v.name = ?2",
-    // StandardAt
+    // Standards: every standard, in the order the tree was built
     "SELECT n.path, s.key, s.din, s.iso, s.en_iso, s.en, s.other, s.title_de, s.title_en "
-    "FROM node n JOIN standard s ON s.node = n.id WHERE n.path = ?1",
-    // Standards
-    "SELECT n.path, s.key, s.din, s.iso, s.en_iso, s.en, s.other, s.title_de, s.title_en "
-    "FROM standard s JOIN node n ON s.node = n.id "
-    "WHERE ?1 = '' OR n.path = ?1 OR substr(n.path, 1, length(?1) + 1) = ?1 || '\\' ORDER BY n.id",
+    "FROM standard s JOIN node n ON s.node = n.id ORDER BY n.id",
     // Sizes
     "SELECT z.name FROM node n JOIN size z ON z.standard = n.id WHERE n.path = ?1 AND (?2 = '' OR z.variant = ?2) "
     "ORDER BY z.ord",
@@ -43,7 +37,7 @@ const char* const kSql[] = {
     // Areas
     "SELECT code, label_de, label_en FROM area ORDER BY ord",
 };
-static_assert(sizeof(kSql) / sizeof(kSql[0]) == 11);
+static_assert(sizeof(kSql) / sizeof(kSql[0]) == 9);
 
 std::string column(sqlite3_stmt* statement, int index)
 {
@@ -185,7 +179,6 @@ const CNormDatabase::Index& CNormDatabase::tree()
     }
     if (sqlite3_stmt* statement = prepared(Standards)) {
         Reset reset{statement};
-        bind(statement, 1, std::string());
         while (sqlite3_step(statement) == SQLITE_ROW) {
             m_index.standards.push_back(readStandard(statement));
             m_index.standardAt[m_index.standards.back().path] = m_index.standards.size() - 1;

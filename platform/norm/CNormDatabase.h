@@ -89,7 +89,7 @@ private:
     Index m_index;
 
     enum Query {
-        Families, Root, Children, Property, StandardAt, Standards, Sizes, Lengths, Materials, MaterialLabel, Areas,
+        Families, Root, Property, Standards, Sizes, Lengths, Materials, MaterialLabel, Areas,
         QueryCount
     };
     sqlite3_stmt* prepared(Query query);
