@@ -220,12 +220,7 @@ TEST_F(NormGenTest, ObjectKeysAndLabelsOfAStandardPart)
     EXPECT_EQ(ZEL::obj_label_header(part.get(), L"de"), L"DIN 933 - Stahl 8.8 blank");
     EXPECT_EQ(ZEL::grpLabel(part.get(), L"de", false), L"DIN 933 Sechskantschraube mit Gewinde bis Kopf");
     EXPECT_EQ(ZEL::grpLabel(part.get(), L"en", true), L"DIN 933 M12 x 60 Hexagon head screw, thread to head");
-    // The labeling flags choose the family.
-    CZelDataKey bits(L"TXTGEN");
-    ZEL::dataItemSet(part.get(), &bits, 0x20);
-    EXPECT_EQ(ZEL::obj_label(part.get(), L"de"), L"ISO 4017 M12 x 60 - Stahl 8.8 blank");
-    ZEL::dataItemSet(part.get(), &bits, 0x40);
-    EXPECT_EQ(ZEL::obj_label(part.get(), L"de"), L"EN ISO 4017 M12 x 60 - Stahl 8.8 blank");
+    // The labeling flags choose the family: ZelNormFamilies and the dialog's label line.
 
     // A nut has no length in its key; a fine size is upper-cased like every key value.
     store(R"({"*NM*": {"STACK": ["PIECE", "NUT", "HEX", "DIN934"], "ND": "M12x1.25", "VAR": "FINE", "MAT": "8"}})");
