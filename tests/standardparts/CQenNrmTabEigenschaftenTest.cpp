@@ -56,14 +56,7 @@ TEST_F(NrmPropsTest, HiddenAreasTakeTheirStandardsAndEmptiedGroupsOutOfTheTree) 
   EXPECT_FALSE(picker.at(L"BAR\\SECTION\\I-BEAM\\LEAFS").empty());
   r = run("select 0/10804 \"Stückteile/Schrauben/Sechskantschrauben\"\ncancel\n");
   EXPECT_EQ(r.status, 1);
-
-  // Withdrawn standards shown (mask "7"): DIN 933 is a leaf beside ISO 4017.
-  store(R"({"_QEN_NM_REL": "7"})");
-  r = run("click 10519\ncancel\n", 0, false, false, &picker);
-  ASSERT_EQ(r.status, 0) << r.err;
-  const std::vector<std::string> hex = picker.at(L"PIECE\\SCREW\\HEX\\LEAFS");
-  EXPECT_NE(std::find(hex.begin(), hex.end(), "DIN933"), hex.end());
-  EXPECT_NE(std::find(hex.begin(), hex.end(), "ISO4017"), hex.end());
+  // Withdrawn standards shown once their area is checked: din_dialog_withdrawn.
 }
 
 TEST_F(NrmPropsTest, WithEveryAreaHiddenTheTreeIsEmptyAndThePageDisabled) {
@@ -90,20 +83,11 @@ TEST_F(NrmPropsTest, ChoosingAStandardLoadsThePropertiesStoredForIt) {
   EXPECT_EQ(text(L"*NM*\\ND"), "M1.6");
 }
 
-TEST_F(NrmPropsTest, VariantsNarrowTheSizesAndASingleChoiceIsDisabled) {
-  // DIN 934 (withdrawn: shown once the withdrawn standards' area is) has fine threads.
-  store(R"({"_QEN_NM_REL": "7"})");
-  select(R"(["PIECE", "NUT", "HEX", "DIN934"])", R"("ND": "M12")");
-  DialogRun r = run("expect 0/10465 enabled\nexpect 0/10465 items 2\nexpect 0/10465 selected \"Regelgewinde\"\n"
-                    "select 0/10465 \"Feingewinde\"\nexpect 0/10778 selected \"M8x1\"\nok\n");
-  ASSERT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(text(L"*NM*\\VAR"), "FINE");
-  EXPECT_EQ(text(L"*NM*\\ND"), "M8x1");
-
-  // A section has the single empty variant; its materials are three.
-  ZEL::cfg_remove(L"*NM*");
+TEST_F(NrmPropsTest, ASingleVariantIsDisabled) {
+  // Choosing the fine thread of DIN 934 narrows its sizes: din_dialog_withdrawn. A section
+  // has the single empty variant; its materials are three.
   select(R"(["BAR", "SECTION", "I-BEAM", "IPE"])");
-  r = run("expect 0/10465 disabled\nexpect 0/10045 enabled\nexpect 0/10045 items 3\ncancel\n");
+  DialogRun r = run("expect 0/10465 disabled\nexpect 0/10045 enabled\nexpect 0/10045 items 3\ncancel\n");
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(text(L"*NM*\\VAR"), std::nullopt);
 }

@@ -1,5 +1,5 @@
-// Standard parts drawn from the catalogue: every standard's first preferred size gives a
-// drawing in all seven views; the part items carry the table's figures by name; the
+// Standard parts drawn from the catalogue: every standard's default part gives a drawing in
+// all seven views; the part items carry the table's figures by name; the
 // prototype pictures of standards and inner nodes.
 #include "ZelNorm.h"
 #include "ZelNormGen.h"
@@ -55,49 +55,11 @@ bool finite(const ZEL::geo::Shape& s)
 }
 }  // namespace
 
-TEST(NormPictureCatalogue, EveryStandardDrawsItsFirstPreferredSizeInAllViews)
-{
-    ASSERT_TRUE(kDatabaseSet);
-    std::vector<ZEL::NormStack> standards;
-    collectStandards({}, standards);
-    ASSERT_GE(standards.size(), 40u);
-    int drawn = 0;
-    for (const ZEL::NormStack& standard : standards) {
-        const std::string key = standard.back();
-        const auto sizes = ZEL::norm_nd_lst(standard, "", "", false);
-        ASSERT_FALSE(sizes.empty()) << key;
-        std::string size = sizes.front();
-        for (const std::string& s : sizes)
-            if (ZEL::norm_get({standard[0], standard[1], standard[2], standard[3], s}, "AVOID").value_or("0") != "1") {
-                size = s;
-                break;
-            }
-        ZEL::NormStack sizeStack = standard;
-        sizeStack.push_back(size);
-        const auto lengths = ZEL::norm_len_lst(sizeStack, "", "");
-        double length = lengths.empty() ? 0.0 : lengths.front();
-        if (standard[0] == "BAR") length = 6000.0;
-        const bool needsLength = ZEL::norm_get(standard, "BARP").value_or("0") == "1" || standard[1] == "SCREW";
-        if (needsLength) {
-            ASSERT_GT(length, 0.0) << key << " " << size;
-        }
-        for (int view : ZEL::geo::kNormViews) {
-            std::unique_ptr<CZelDataItem> part(ZEL::norm_part_item(standard, size, length, view, 0x03));
-            ASSERT_NE(part, nullptr) << key << " " << size;
-            const ZEL::geo::Shape shape = ZEL::geo::normPartShape(part.get());
-            EXPECT_FALSE(shape.isEmpty()) << key << " " << size << " view " << view;
-            EXPECT_TRUE(finite(shape)) << key << " " << size << " view " << view;
-            EXPECT_FALSE(shape.outline.isEmpty()) << key << " " << size << " view " << view;
-            if (!shape.isEmpty()) ++drawn;
-        }
-    }
-    EXPECT_EQ(drawn, static_cast<int>(standards.size()) * 7);
-}
-
 TEST(NormPictureCatalogue, EveryGeneratedDefaultPartDrawsInAllViews)
 {
     // The parts the catalogue generates for a node (first preferred size, first length,
     // a section's stock length) are what the dialogs draw.
+    ASSERT_TRUE(kDatabaseSet);
     std::vector<ZEL::NormStack> standards;
     collectStandards({}, standards);
     ASSERT_GE(standards.size(), 40u);
@@ -110,6 +72,7 @@ TEST(NormPictureCatalogue, EveryGeneratedDefaultPartDrawsInAllViews)
             const ZEL::geo::Shape shape = ZEL::geo::normPartShape(part.get());
             EXPECT_FALSE(shape.isEmpty()) << standard.back() << " view " << view;
             EXPECT_TRUE(finite(shape)) << standard.back() << " view " << view;
+            EXPECT_FALSE(shape.outline.isEmpty()) << standard.back() << " view " << view;
         }
     }
 }
@@ -118,11 +81,10 @@ TEST(NormPictureCatalogue, PartItemCarriesTheTableFiguresByName)
 {
     std::unique_ptr<CZelDataItem> part(ZEL::norm_part_item({"PIECE", "SCREW", "HEX", "ISO4017"}, "M12", 60.0, 2, 1));
     ASSERT_NE(part, nullptr);
-    EXPECT_DOUBLE_EQ(figure(*part, L"d"), 12.0);
-    EXPECT_DOUBLE_EQ(figure(*part, L"P"), 1.75);
-    EXPECT_DOUBLE_EQ(figure(*part, L"s"), 18.0);
+    // Every figure of the size, by the column names of the table.
+    for (const auto& [name, value] : ZEL::norm_size_dims({"PIECE", "SCREW", "HEX", "ISO4017", "M12"}))
+        EXPECT_DOUBLE_EQ(figure(*part, CZelString::fromUtf8(name).c_str()), value) << name;
     EXPECT_DOUBLE_EQ(figure(*part, L"e"), 20.1);  // the catalogue's across-corners of M12
-    EXPECT_DOUBLE_EQ(figure(*part, L"k"), 7.5);
     // Seen from the head, the catalogue part is the hexagon of those figures.
     const CZelDataKey view(L"VIEW");
     part->put(&view, ZEL::mkRbLong(0));
@@ -148,10 +110,7 @@ TEST(NormPictureCatalogue, PartItemCarriesTheTableFiguresByName)
     EXPECT_EQ(group, L"HEX");
     std::unique_ptr<CZelDataItem> ipe(ZEL::norm_part_item({"BAR", "SECTION", "I-BEAM", "IPE"}, "IPE200", 1000.0, 0, 0));
     ASSERT_NE(ipe, nullptr);
-    EXPECT_DOUBLE_EQ(figure(*ipe, L"h"), 200.0);
-    EXPECT_DOUBLE_EQ(figure(*ipe, L"b"), 100.0);
     EXPECT_DOUBLE_EQ(figure(*ipe, L"tw"), 5.6);
-    EXPECT_DOUBLE_EQ(figure(*ipe, L"tf"), 8.5);
     // A text cell ("forms" of ISO 7049) is no figure; an unknown size gives no item.
     std::unique_ptr<CZelDataItem> tapping(ZEL::norm_part_item({"PIECE", "SCREW", "TAPPING", "ISO7049"}, "ST4.2", 16.0, 0, 0));
     ASSERT_NE(tapping, nullptr);

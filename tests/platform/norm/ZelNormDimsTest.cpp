@@ -106,7 +106,6 @@ TEST(ZelNormClamping, ARowOfIso4017IsLengthLessNutHeightOverTheWholeThread)
     const auto* row = rowOf(table, 60);
     ASSERT_NE(row, nullptr);
     EXPECT_DOUBLE_EQ((*row)[1], 0.0);
-    EXPECT_DOUBLE_EQ((*row)[2], 60 - m);
     EXPECT_DOUBLE_EQ((*row)[2], 49.2);
     // One row per standard length of the size, in the same order.
     const auto lengths = ZEL::norm_len_lst(with(kIso4017, "M12"), "", "");
@@ -125,11 +124,9 @@ TEST(ZelNormClamping, Iso4014RowsStartAtTheShankEndByLengthClass)
     const auto* r60 = rowOf(table, 60);
     const auto* r130 = rowOf(table, 130);
     ASSERT_TRUE(r60 && r130);
-    EXPECT_DOUBLE_EQ((*r60)[1], 60 - figure(size, "b1"));
-    EXPECT_DOUBLE_EQ((*r60)[1], 30.0);
+    EXPECT_DOUBLE_EQ((*r60)[1], 30.0);  // 60 - b1
     EXPECT_DOUBLE_EQ((*r60)[2], 49.2);
-    EXPECT_DOUBLE_EQ((*r130)[1], 130 - figure(size, "b2"));
-    EXPECT_DOUBLE_EQ((*r130)[1], 94.0);
+    EXPECT_DOUBLE_EQ((*r130)[1], 94.0);  // 130 - b2
     EXPECT_DOUBLE_EQ((*r130)[2], 119.2);
 }
 
@@ -137,7 +134,6 @@ TEST(ZelNormClamping, OnlyBoltsAndScrewsTakenWithANutHaveATable)
 {
     // The table is the size's nested property "KLM" "LST".
     EXPECT_EQ(ZEL::norm_get(with(with(kIso4017, "M12"), "KLM"), "LST"), ZEL::norm_get(with(kIso4017, "M12"), "KLM\\LST"));
-    EXPECT_NE(ZEL::norm_get(with(with(kIso4017, "M12"), "KLM"), "LST").value_or("").find("60,0,49.2"), std::string::npos);
     EXPECT_FALSE(ZEL::norm_klm_lst(with({"PIECE", "SCREW", "HEX", "DIN933"}, "M12")).empty());
     EXPECT_TRUE(ZEL::norm_klm_lst(with({"PIECE", "SCREW", "SOCKET", "ISO4762"}, "M12")).empty());
     EXPECT_TRUE(ZEL::norm_klm_lst(with(kIso4032, "M12")).empty());
@@ -307,13 +303,7 @@ TEST(ZelNormAreas, AreasComeInDisplayOrderWithTheirNames)
 TEST(ZelNormAreas, TheDefaultMaskHidesExactlyTheWithdrawnStandards)
 {
     EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "HEX", "DIN933"}, "RELEASE"), "804");
-    EXPECT_EQ(ZEL::norm_get(kDin934, "RELEASE"), "804");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "SCREW", "CHEESE", "DIN84"}, "RELEASE"), "804");
-    EXPECT_EQ(ZEL::norm_get({"PIECE", "NUT", "LOCKING", "DIN985"}, "RELEASE"), "804");
     EXPECT_EQ(ZEL::norm_get(kIso4017, "RELEASE"), "01");
-    EXPECT_EQ(ZEL::norm_get({"BAR", "SECTION", "I-BEAM", "IPE"}, "RELEASE"), "02");
-    EXPECT_EQ(ZEL::norm_get(kChs, "RELEASE"), "04");
-    EXPECT_EQ(ZEL::norm_get({"BAR", "SECTION", "I-BEAM", "W"}, "RELEASE"), "08");
     // Every standard has a release; with mask "f" only the withdrawn ones meet it, and no
     // standard sets one of the three lowest bits.
     std::vector<ZEL::NormStack> all;
@@ -336,18 +326,13 @@ TEST(ZelNormAreas, TheDefaultMaskHidesExactlyTheWithdrawnStandards)
 
 TEST(ZelNormReleaseMask, ParsingReadsReversedHexOrPlainHexAfter0x)
 {
-    EXPECT_EQ(QEN::rel_parse("124"), 0x421ul);
-    EXPECT_EQ(QEN::rel_parse("f"), 0xful);
-    EXPECT_EQ(QEN::rel_parse("ff7"), 0x7fful);
-    EXPECT_EQ(QEN::rel_parse("804"), 0x408ul);
-    EXPECT_EQ(QEN::rel_parse("0x1F"), 0x1ful);
-    EXPECT_EQ(QEN::rel_parse("0X1f"), 0x1ful);
-    EXPECT_EQ(QEN::rel_parse("0x"), 0ul);
+    // "4g1" stops at the first non-digit.
+    const std::pair<const char*, unsigned long> cases[] = {{"124", 0x421}, {"804", 0x408}, {"0x1F", 0x1f}, {"0X1f", 0x1f},
+                                                           {"0x", 0},      {"", 0},        {"zz", 0},      {"4g1", 0x4},
+                                                           {"A", 0xa}};
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(QEN::rel_parse(text), value) << text;
     EXPECT_EQ(QEN::rel_parse(static_cast<const char*>(nullptr)), 0ul);
-    EXPECT_EQ(QEN::rel_parse(""), 0ul);
-    EXPECT_EQ(QEN::rel_parse("zz"), 0ul);
-    EXPECT_EQ(QEN::rel_parse("4g1"), 0x4ul);  // stops at the first non-digit
-    EXPECT_EQ(QEN::rel_parse("A"), 0xaul);
 }
 
 TEST(ZelNormReleaseMask, FormattingWritesLowerCaseDigitsReversedAndZeroAsEmpty)
@@ -355,8 +340,6 @@ TEST(ZelNormReleaseMask, FormattingWritesLowerCaseDigitsReversedAndZeroAsEmpty)
     EXPECT_EQ(QEN::rel_format(0x421), "124");
     EXPECT_EQ(QEN::rel_format(0), "");
     EXPECT_EQ(QEN::rel_format(0xabc), "cba");
-    EXPECT_EQ(QEN::rel_format(0x7ff), "ff7");
-    EXPECT_EQ(QEN::rel_format(QEN::rel_parse("0x1F")), "f1");
     for (const char* mask : {"1", "124", "ff7", "8", "804", "01"})
         EXPECT_EQ(QEN::rel_parse(QEN::rel_format(QEN::rel_parse(mask))), QEN::rel_parse(mask)) << mask;
 }
